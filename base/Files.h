@@ -1,0 +1,72 @@
+#pragma once
+
+#include "base/FileStatus.h"
+#include "base/Text.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A file that is being replaced. Until Commit succeeds the target keeps its old content; an
+/// unfinished replacement that is destroyed leaves no trace.
+class FileReplacement {
+ public:
+  FileReplacement() = default;
+  FileReplacement(const FileReplacement&) = delete;
+  FileReplacement& operator=(const FileReplacement&) = delete;
+  virtual ~FileReplacement() = default;
+
+  /// True when the target held a file when the replacement began.
+  virtual bool ReplacesExisting() const = 0;
+
+  /// Makes `content` the whole content of the target, flushed to the device. On failure the old
+  /// content stands. Called once.
+  virtual FileStatus Commit(std::string_view content) = 0;
+};
+
+/// Held while a file is read, changed and written back, so that a second program does not lose a
+/// change in between.
+class FileLock {
+ public:
+  FileLock() = default;
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
+  virtual ~FileLock() = default;
+};
+
+struct FolderContent {
+  std::vector<Text> folders;  ///< names without separators, sorted without regard to letter case
+  std::vector<Text> files;
+};
+
+/// The file system as the program uses it. A path is found under its exact name first, else under
+/// the one name that differs in letter case only, part by part; both separators are understood.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  /// True for a file (no folder) that is there; an empty path names none.
+  virtual bool Exists(const Text& path) = 0;
+
+  virtual bool FolderExists(const Text& path) = 0;
+
+  /// Reads a whole file. `content` is meaningless after a failure. A file above 256 MiB, which no
+  /// stack can be, fails with OutOfMemory.
+  virtual FileStatus Read(const Text& path, std::string& content) = 0;
+
+  /// Begins to replace a file, or to make one: finds out at once what can go wrong before the
+  /// content is known. A symbolic link is followed, the file's mode is kept.
+  virtual FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) = 0;
+
+  virtual FileStatus Remove(const Text& path) = 0;
+
+  virtual FileStatus List(const Text& folder, FolderContent& content) = 0;
+
+  /// Makes a folder and those above it; one that is there already is no failure.
+  virtual FileStatus MakeFolder(const Text& folder) = 0;
+
+  /// Waits for the lock on a file that need not exist, for two seconds at most: then, or when the
+  /// file system knows no locks, the caller goes on without.
+  virtual std::unique_ptr<FileLock> Lock(const Text& path) = 0;
+};

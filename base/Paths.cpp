@@ -1,0 +1,55 @@
+#include "base/Paths.h"
+
+#include "base/CodePage.h"
+
+namespace {
+
+constexpr char16_t ForeignByte = 0xDC00;  // a lone second unit: no valid UTF-8 decodes to it
+
+bool IsForeignByte(char16_t unit) {
+  return unit >= ForeignByte + 0x80 && unit <= ForeignByte + 0xFF;
+}
+
+std::size_t FolderLength(TextView path) {
+  std::size_t length = path.size();
+  while (length > 0 && !IsSeparator(path[length - 1])) --length;
+  return length;
+}
+
+}  // namespace
+
+TextView BaseName(TextView path) { return path.substr(FolderLength(path)); }
+
+TextView FolderPart(TextView path) { return path.substr(0, FolderLength(path)); }
+
+Text WithSeparator(TextView folder) {
+  Text result(folder);
+  if (!result.empty() && !IsSeparator(result.back())) result += u'/';
+  return result;
+}
+
+Text DecodePath(std::string_view bytes) {
+  Text path;
+  while (!bytes.empty()) {
+    const std::size_t valid = ValidUtf8Length(bytes);
+    path += FromUtf8(bytes.substr(0, valid));
+    bytes.remove_prefix(valid);
+    if (bytes.empty()) break;
+    path += static_cast<char16_t>(ForeignByte + static_cast<unsigned char>(bytes.front()));
+    bytes.remove_prefix(1);
+  }
+  return path;
+}
+
+std::string EncodePath(TextView path) {
+  std::string bytes;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i < path.size(); ++i) {
+    const bool secondOfPair = i > 0 && (path[i - 1] & 0xFC00) == 0xD800;
+    if (!IsForeignByte(path[i]) || secondOfPair) continue;
+    bytes += ToUtf8(path.substr(start, i - start));
+    bytes += static_cast<char>(path[i] - ForeignByte);
+    start = i + 1;
+  }
+  return bytes + ToUtf8(path.substr(start));
+}

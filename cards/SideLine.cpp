@@ -1,0 +1,77 @@
+#include "cards/SideLine.h"
+
+#include "base/LetterCase.h"
+#include "base/Paths.h"
+
+#include <initializer_list>
+
+namespace {
+
+/// `at` is where the extension (four characters) begins in `line`.
+Text TakeName(Text& line, std::size_t at, TextView folder, char16_t separator) {
+  const std::size_t end = at + 4;
+  std::size_t start = at;
+  while (start > 0 && line[start] != separator) --start;
+
+  if (start == 0 && line.front() != separator) {
+    const Text name = line.substr(0, end);
+    line.erase(0, end);  // the rest is not trimmed here
+    return Text(folder) + name;
+  }
+  const Text name = line.substr(start + 1, end - start - 1);
+  line.erase(start + 1, end - start - 1);
+  line = Text(TrimBlanks(line));
+  return Text(folder) + name;
+}
+
+bool BeginsWithTag(TextView line) { return line.size() >= 5 && line[0] == u'<' && line[4] == u'>'; }
+
+TextView After(TextView line, char16_t mark) {
+  const std::size_t at = line.find(mark);
+  return at == TextView::npos ? line : line.substr(at + 1);
+}
+
+}  // namespace
+
+FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, Text& line) {
+  if (const std::size_t caret = text.find(u'^'); caret != Text::npos) {
+    // Each step finds the first caret again and doubles it; the outcome of all steps in one go.
+    // A text that is longer still gets the one caret of the step that fails.
+    const std::size_t missing = text.size() <= LongestText ? LongestText + 1 - text.size() : 1;
+    text.insert(caret, missing, u'^');
+    return FileStatus::Overflow;
+  }
+  text = ReplaceAll(text, LineBreak, u"^");
+  text.append(u" ").append(BaseName(soundPath));
+  line = text;
+  line.append(u" ").append(BaseName(picturePath));
+  return FileStatus::Ok;
+}
+
+Text DecodeSideText(TextView text) {
+  if (text.find_first_of(u"^%") == TextView::npos) return Text(text);
+  return ReplaceAll(ReplaceAll(ReplaceAll(text, u"^^", u"%%"), u"^", LineBreak), u"%%", u"^");
+}
+
+Text TakeSoundName(Text& line, TextView folder, char16_t separator) {
+  const std::size_t at = FindIgnoringCase(line, u".wav");
+  return at == Text::npos ? Text() : TakeName(line, at, folder, separator);
+}
+
+Text TakePictureName(Text& line, TextView folder, char16_t separator) {
+  for (const TextView extension : {u".bmp", u".jpg", u".gif"}) {
+    const std::size_t at = FindIgnoringCase(line, extension);
+    if (at != Text::npos) return TakeName(line, at, folder, separator);
+  }
+  return {};
+}
+
+Text StripImportPrefix(TextView line) {
+  line = After(line, u'=');
+  if (line.find(u'%') != TextView::npos) {
+    line = After(line, u'%');
+  } else {
+    while (BeginsWithTag(line)) line = After(line, u'>');
+  }
+  return DecodeSideText(line);
+}

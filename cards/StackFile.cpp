@@ -1,0 +1,36 @@
+#include "cards/StackFile.h"
+
+#include "base/CodePage.h"
+#include "cards/CardStack.h"
+#include "cards/SideLine.h"
+
+#include <algorithm>
+
+namespace {
+
+Text OneLine(TextView text) {
+  Text line(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char16_t unit) { return unit == u'\r' || unit == u'\n'; }, u' ');
+  return line;
+}
+
+}  // namespace
+
+void StackFile::WriteHeader(TextView topicName, TextView description) {
+  WriteLine(OneLine(topicName));
+  WriteLine(OneLine(FixedWidth(description, DescriptionWidth)));
+}
+
+FileStatus StackFile::WriteSide(Text& text, TextView soundPath, TextView picturePath) {
+  Text line;
+  const FileStatus status = EncodeSideLine(text, OneLine(soundPath), OneLine(picturePath), line);
+  if (status == FileStatus::Ok) WriteLine(line);
+  return status;
+}
+
+FileStatus StackFile::Close() { return m_replacement->Commit(EncodeFileText(m_content)); }
+
+void StackFile::Abandon() {
+  if (!m_replacement->ReplacesExisting()) (void)Close();
+}

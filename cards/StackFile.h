@@ -1,0 +1,33 @@
+#pragma once
+
+#include "base/FileStatus.h"
+#include "base/Files.h"
+#include "base/Text.h"
+
+#include <memory>
+#include <utility>
+
+/// A stack file that is being written. The lines are kept until Close, which replaces the file as a
+/// whole; an object that goes without Close leaves the file as it was.
+class StackFile {
+ public:
+  explicit StackFile(std::unique_ptr<FileReplacement> replacement)
+      : m_replacement(std::move(replacement)) {}
+
+  /// A CR or LF in a one-line value would shift every card of the file, so it becomes a blank.
+  void WriteHeader(TextView topicName, TextView description);
+  void WriteLine(TextView line) { m_content.append(line).append(LineBreak); }
+
+  /// Encodes one side and writes its line; `text` changes as EncodeSideLine says.
+  FileStatus WriteSide(Text& text, TextView soundPath, TextView picturePath);
+
+  FileStatus Close();
+
+  /// Gives up after a failure. A file that was there keeps its content; under a new name the lines
+  /// written so far stay, for they may be the only copy.
+  void Abandon();
+
+ private:
+  std::unique_ptr<FileReplacement> m_replacement;
+  Text m_content;
+};

@@ -1,0 +1,159 @@
+#include "cards/StackReader.h"
+
+#include "base/LetterCase.h"
+#include "base/Paths.h"
+#include "cards/FileLines.h"
+#include "cards/SideLine.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr TextView ImportMark = u"[WinQuib]";
+constexpr std::size_t MostTextReserved = std::size_t{1} << 20;
+
+/// The record that a reader fills. Unless it is kept, it goes again, and the selection goes back to
+/// where it was: a stack that failed anywhere is not kept, not even in part.
+class NewStack {
+ public:
+  NewStack(StackStore& stacks, TextView folder, std::size_t fileSize)
+      : m_stacks(stacks), m_before(stacks.CurrentStack), m_stack(stacks.Append()) {
+    m_stack.SetMediaFolder(folder);
+    m_stack.Reserve(std::min(fileSize, MostTextReserved));
+  }
+  NewStack(const NewStack&) = delete;
+  NewStack& operator=(const NewStack&) = delete;
+  ~NewStack() {
+    if (m_kept) return;
+    m_stacks.RemoveCurrentStack();
+    m_stacks.CurrentStack = m_before;
+  }
+
+  CardStack& operator*() { return m_stack; }
+  CardStack* operator->() { return &m_stack; }
+  void Keep() {
+    m_stack.Shrink();
+    m_kept = true;
+  }
+
+ private:
+  StackStore& m_stacks;
+  Int16 m_before;
+  CardStack& m_stack;
+  bool m_kept = false;
+};
+
+/// The text of a side after its media names were taken: decoded first, cut afterwards.
+TextView CutLoadedText(TextView text) { return CutText(text, MaxLoadedText); }
+
+FileStatus ReadNativeCards(CardStack& stack, FileLines& lines, TextView folder) {
+  Text line;
+  int card = 1;
+  do {
+    for (const int side : {Front, Back}) {
+      if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
+      stack.SetSideSound(card, side, TakeSoundName(line, folder, u' '));
+      stack.SetSidePicture(card, side, TakePictureName(line, folder, u' '));
+      stack.SetSideText(card, side, CutLoadedText(DecodeSideText(line)));
+    }
+    ++card;
+  } while (!lines.AtEnd() && card <= MaxCards);
+  stack.CardCount = card - 1;
+  return FileStatus::Ok;
+}
+
+FileStatus ReadNativeStack(StackStore& stacks, std::string_view content, TextView folder,
+                           ReadMode mode, const TopicCheck& check) {
+  FileLines lines(content);
+  FileStatus status = lines.Read(stacks.FileTopicName);
+  if (status != FileStatus::Ok) return status;
+  Text description;
+  status = lines.Read(description);
+  if (status != FileStatus::Ok) return status;
+  stacks.StackDescription = TrimRight(CutText(description, DescriptionWidth));
+  if (mode != ReadMode::Full) return FileStatus::Ok;
+
+  NewStack stack(stacks, folder, content.size());
+  status = ReadNativeCards(*stack, lines, folder);
+  if (status != FileStatus::Ok) return status;
+  const Int16 topic = check(stacks.FileTopicName);
+  stacks.Current().TopicIndex = topic;
+  stack.Keep();
+  return FileStatus::Ok;
+}
+
+/// The next free number of each side while an import file is read.
+struct ImportCounters {
+  int question = 1;
+  int answer = 1;
+};
+
+bool TakeImportLine(CardStack& stack, int side, char16_t mark, int& number, Text& line,
+                    TextView folder) {
+  if (!ContainsIgnoringCase(line, mark + NumberText(number) + u"=")) return false;
+  stack.SetSideSound(number, side, TakeSoundName(line, folder, u'>'));
+  stack.SetSideText(number, side, CutLoadedText(StripImportPrefix(line)));
+  ++number;
+  return true;
+}
+
+FileStatus ReadImportCards(CardStack& stack, FileLines& lines, TextView folder,
+                           ImportCounters& counters) {
+  Text line;
+  do {
+    if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
+    if (!TakeImportLine(stack, Front, u'Q', counters.question, line, folder)) {
+      TakeImportLine(stack, Back, u'A', counters.answer, line, folder);
+    }
+    // The 300th pair is never complete: the loop ends as soon as one of its two lines is read.
+  } while (!lines.AtEnd() && counters.question <= MaxCards && counters.answer <= MaxCards);
+  stack.CardCount = std::min(counters.question, counters.answer) - 1;
+  return FileStatus::Ok;
+}
+
+FileStatus ReadImportStack(StackStore& stacks, Prompts& prompts, std::string_view content,
+                           TextView folder, ReadMode mode, const TopicCheck& check) {
+  FileLines lines(content);
+  stacks.FileTopicName.clear();
+  Text line;
+  if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
+  bool marked = ContainsIgnoringCase(line, ImportMark);
+  stacks.StackDescription =
+      marked ? Text(u"WinQuib Card Set") : Text(TrimRight(CutText(line, DescriptionWidth)));
+  if (mode != ReadMode::Full) return FileStatus::Ok;
+
+  NewStack stack(stacks, folder, content.size());
+  while (!marked && !lines.AtEnd()) {
+    if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
+    marked = ContainsIgnoringCase(line, ImportMark);
+  }
+  ImportCounters counters;
+  const FileStatus status = ReadImportCards(*stack, lines, folder, counters);
+  if (status != FileStatus::Ok) return status;
+  if (counters.question != counters.answer) {
+    prompts.Show({.text = u"Problem loading cards after" + SignedNumberText(stack->CardCount),
+                  .icon = PromptIcon::Exclamation,
+                  .title = Text(ProgramTitle) + u" Error"});
+  }
+  const Int16 topic = check(stacks.FileTopicName);
+  stacks.Current().TopicIndex = topic;
+  stack.Keep();
+  return FileStatus::Ok;
+}
+
+}  // namespace
+
+FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
+                         TextView fileName, ReadMode mode, const TopicCheck& check) try {
+  const Text base = WithSeparator(folder);
+  std::string content;
+  const FileStatus status = files.Read(Text(base).append(fileName), content);
+  if (status != FileStatus::Ok) return status;
+  if (ContainsIgnoringCase(fileName, u".QBS")) {
+    return ReadImportStack(stacks, prompts, content, base, mode, check);
+  }
+  return ReadNativeStack(stacks, content, base, mode, check);
+} catch (const Fault& fault) {
+  if (fault.Number() != FileStatus::Overflow) throw;
+  return fault.Number();  // more stacks than a 16-bit number counts
+}

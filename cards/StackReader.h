@@ -1,0 +1,26 @@
+#pragma once
+
+#include "base/FileStatus.h"
+#include "base/Files.h"
+#include "base/Int16.h"
+#include "base/Prompts.h"
+#include "cards/StackStore.h"
+
+#include <functional>
+
+/// Finds the topic of a stack by the name in its file; asks the user where it is unknown. Called
+/// once for each stack, after its last card.
+using TopicCheck = std::function<Int16(const Text& topicName)>;
+
+enum class ReadMode {
+  HeaderOnly = 0,  ///< sets FileTopicName and StackDescription, appends nothing
+  Full = 1,
+};
+
+/// Reads a stack file, or an import file when its name contains ".QBS" (letter case ignored), and
+/// appends the stack, which becomes the current one. Its StackName is left to the caller.
+/// @param folder  of the stack; its picture and sound names are taken to lie there
+/// @return `Ok`, or the status of the step that failed. Then nothing was appended and the selection
+///         is what it was; StackDescription and FileTopicName keep what was read of them.
+FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
+                         TextView fileName, ReadMode mode, const TopicCheck& check);

@@ -1,0 +1,52 @@
+# The project's own building blocks: compiler settings, logic libraries, windows, tests.
+
+# Makes quib_options, the interface target with the flags of every target of ours.
+function(quib_set_up_compiler)
+  add_library(quib_options INTERFACE)
+  target_compile_features(quib_options INTERFACE cxx_std_20)
+  target_compile_options(quib_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+  target_compile_definitions(quib_options INTERFACE QUIB_VERSION="${PROJECT_VERSION}")
+  if(QUIB_WARNINGS_ARE_ERRORS)
+    target_compile_options(quib_options INTERFACE -Werror)
+  endif()
+  if(QUIB_SANITIZERS)
+    target_compile_options(quib_options INTERFACE -fsanitize=${QUIB_SANITIZERS}
+                                                  -fno-sanitize-recover=all
+                                                  -fno-omit-frame-pointer)
+    target_link_options(quib_options INTERFACE -fsanitize=${QUIB_SANITIZERS})
+  endif()
+  if(QUIB_COVERAGE)
+    target_compile_options(quib_options INTERFACE --coverage -O0)
+    target_link_options(quib_options INTERFACE --coverage)
+  endif()
+  if(NOT CMAKE_BUILD_TYPE)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Kind of build" FORCE)
+  endif()
+  find_program(QUIB_CCACHE ccache)
+  if(QUIB_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${QUIB_CCACHE}" PARENT_SCOPE)
+  endif()
+  set(CMAKE_EXPORT_COMPILE_COMMANDS ON PARENT_SCOPE)
+  set(CMAKE_CXX_EXTENSIONS OFF PARENT_SCOPE)
+endfunction()
+
+# quib_add_logic(<folder> SOURCES <file>... [USES <folder>...])
+# The folder's logic as the library quib_<folder>: standard library only. USES names the folders
+# that it may include; the include lint reads the same line.
+function(quib_add_logic folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+  add_library(quib_${folder} STATIC ${arg_SOURCES})
+  target_include_directories(quib_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
+  list(TRANSFORM arg_USES PREPEND quib_)
+  target_link_libraries(quib_${folder} PUBLIC ${arg_USES} PRIVATE quib_options)
+endfunction()
+
+# quib_add_windows(SOURCES <file>... USES <folder>...)
+# Adds the folder's windows to the one library quib_windows.
+function(quib_add_windows)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "SOURCES;USES")
+  list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+  list(TRANSFORM arg_USES PREPEND quib_)
+  target_sources(quib_windows PRIVATE ${arg_SOURCES})
+  target_link_libraries(quib_windows PUBLIC ${arg_USES})
+endfunction()

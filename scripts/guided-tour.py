@@ -1,0 +1,88 @@
+#!/usr/bin/env python3
+"""A guided tour of the main job on a virtual display: load a stack and study it. Leaves pictures.
+
+guided-tour.py PROGRAM STACK [FOLDER FOR THE PICTURES]
+"""
+
+import pathlib
+import shutil
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT))
+sys.dont_write_bytecode = True
+
+from tests.support.desktop import Desktop, DesktopError  # noqa: E402
+
+TITLE = "Quib!Cards 5.50"
+
+
+class Tour:
+    def __init__(self, desktop):
+        self.desktop = desktop
+        self.stops = 0
+
+    def look(self, what):
+        self.stops += 1
+        path = self.desktop.picture(f"{self.stops:02}-{what.lower().replace(' ', '-')}")
+        print(f"  {path.name:34} {what}")
+
+    def rest(self):
+        window = self.desktop._run_quietly("xdotool", "getactivewindow").strip()
+        self.desktop.settled_look_at(window)
+
+    def take(self, stack):
+        desktop = self.desktop
+        desktop.start(stack)
+        desktop.wait_until(lambda: desktop.windows(TITLE), "the splash")
+        self.look("Splash")
+        desktop.wait_until(lambda: len(desktop.windows(TITLE)) > 1
+                           or desktop.active_title().endswith(" Error"), "the main window")
+        desktop.activate(TITLE)
+        self.rest()
+        self.look("Main window with the stack loaded")
+        desktop.key("alt+s")
+        self.rest()
+        self.look("Study menu")
+        desktop.key("s")
+        desktop.wait_for("Set Timer")
+        self.rest()
+        self.look("Study settings")
+        desktop.key("Return")
+        desktop.wait_until(lambda: desktop.active_title().startswith("Stepper - "),
+                           "the study window")
+        for step in ["First question", "Its answer"]:
+            desktop.key("space")
+            self.rest()
+            self.look(step)
+        desktop.key("alt+b")
+        self.rest()
+        self.look("The card turned over")
+        desktop.key("alt+q")
+        desktop.activate(TITLE)
+        desktop.key("ctrl+o")
+        desktop.wait_for("Load Stack of Cards")
+        self.rest()
+        self.look("Loading another stack")
+        desktop.key("Escape")
+        desktop.wait_for(TITLE)
+        desktop.key("ctrl+q")
+        desktop.wait_for_end()
+
+
+def main():
+    program = pathlib.Path(sys.argv[1]).resolve()
+    stack = pathlib.Path(sys.argv[2]).resolve()
+    pictures = pathlib.Path(sys.argv[3]) if len(sys.argv) > 3 else ROOT / "guided-tour"
+    shutil.rmtree(pictures, ignore_errors=True)
+    print("There is no display, so here is a guided tour on a virtual one:")
+    try:
+        with Desktop(program, pictures) as desktop:
+            Tour(desktop).take(stack)
+    except DesktopError as error:
+        sys.exit(f"guided-tour: {error}")
+    print(f"The pictures are in {pictures}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/Files.h"
+#include "base/Text.h"
+#include "settings/ProfileText.h"
+
+#include <functional>
+
+/// The settings file, read and written one value at a time. Every call sees the file as it is on
+/// disk now and every change is on disk when the call returns; the file is replaced as a whole,
+/// under a lock, so that two running programs neither tear it nor lose each other's lines. Nothing
+/// fails visibly: a file that cannot be read reads as empty, and one that cannot be read is never
+/// written.
+class ProfileFile {
+ public:
+  ProfileFile(Files& files, Text path) : m_files(files), m_path(std::move(path)) {}
+
+  const Text& Path() const { return m_path; }
+
+  /// At most `longest` characters of the value, or of `fallback` (blanks at its right end cut) when
+  /// section or key is missing.
+  Text GetString(TextView section, TextView key, TextView fallback, std::size_t longest) const;
+
+  /// The number at the start of the value, 0 when it does not start with one, `fallback` when it is
+  /// missing or empty. Wraps at 32 bits; "0x", "0o" and "0b" mark other bases.
+  int GetInt(TextView section, TextView key, int fallback) const;
+
+  /// @return false when the file could not be written, and then it is as before.
+  bool WriteString(TextView section, TextView key, TextView value);
+  bool DeleteKey(TextView section, TextView key);
+  bool DeleteSection(TextView section);
+
+ private:
+  bool Change(const std::function<void(ProfileText&)>& change);
+
+  Files& m_files;
+  Text m_path;
+};

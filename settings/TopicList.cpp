@@ -1,0 +1,75 @@
+#include "settings/TopicList.h"
+
+#include "base/LetterCase.h"
+
+#include <algorithm>
+
+bool TopicList::IsTopic(int index) const {
+  return index >= 0 && index <= TopicCount && !Names[static_cast<std::size_t>(index)].empty();
+}
+
+Text TopicList::Name(int index) const {
+  const Text& name = Names[static_cast<std::size_t>(Effective(index))];
+  return name.empty() ? Text(DefaultTopicName) : name;
+}
+
+void LoadTopicList(TopicList& topics, const ProfileFile& profile) {
+  topics.TopicCount = -1;
+  for (int i = 0; i <= MaxTopics; ++i) {
+    Text& name = topics.Names[static_cast<std::size_t>(i)];
+    name = TrimRight(profile.GetString(TopicsSection, NumberText(i), u"", MaxTopicName));
+    if (!name.empty()) topics.TopicCount = i;
+  }
+}
+
+int DefaultTopic(const TopicList& topics, const ProfileFile& profile) {
+  return topics.Effective(profile.GetInt(TopicsSection, DefaultTopicKey, -1));
+}
+
+int FindTopic(const TopicList& topics, TextView name) {
+  const TextView wanted = TrimRight(name);
+  for (int i = 0; i <= topics.TopicCount; ++i) {
+    if (topics.IsTopic(i) && topics.Name(i) == wanted) return i;
+  }
+  return -1;
+}
+
+void DeleteTopic(TopicList& topics, ProfileFile& profile, int index) {
+  if (index < 0 || index > topics.TopicCount) return;
+  const Text name = topics.Names[static_cast<std::size_t>(index)];
+  // A topic that a hand-made file calls like the list itself has no section of its own.
+  if (!name.empty() && !EqualIgnoringCase(name, TopicsSection)) profile.DeleteSection(name);
+  for (int j = index; j < topics.TopicCount; ++j) {
+    profile.WriteString(TopicsSection, NumberText(j),
+                        topics.Names[static_cast<std::size_t>(j) + 1]);
+  }
+  profile.DeleteKey(TopicsSection, NumberText(topics.TopicCount));
+  LoadTopicList(topics, profile);
+}
+
+Int16 ResolveFileTopic(const Text& name, TopicList& topics, Prompts& prompts, const AddTopic& add) {
+  if (TrimBlanks(name).empty()) {
+    prompts.Show({.text = u"No Topic for this file.\r\nAdd one with the Edit CardStack Function.",
+                  .icon = PromptIcon::Question});
+    return 0;
+  }
+  if (const int found = FindTopic(topics, name); found >= 0) return found;
+  if (!add) return 0;
+  const Text question = Text(TrimRight(name)) + u" is not a configured Topic.  Add it?";
+  const Answer answer = prompts.Show(
+      {.text = question, .icon = PromptIcon::Question, .buttons = PromptButtons::YesNo});
+  if (answer != Answer::Yes) return 0;
+  if (topics.TopicCount >= MaxTopics) {
+    prompts.Show(TooManyTopicsPrompt());
+    return 0;
+  }
+  const Int16 current = topics.CurrentTopic;
+  add(Text(TrimRight(name)));
+  topics.CurrentTopic = current;
+  return std::max<int>(topics.TopicCount, 0);
+}
+
+Prompt TooManyTopicsPrompt() {
+  return {.text = u"Cannot Add.  Maximum of " + NumberText(MaxTopics) + u" Topics",
+          .icon = PromptIcon::Exclamation};
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "base/Int16.h"
+#include "base/Prompts.h"
+#include "base/Text.h"
+#include "settings/ProfileFile.h"
+
+#include <array>
+#include <functional>
+
+inline constexpr int MaxTopics = 10;             ///< the highest topic number
+inline constexpr std::size_t MaxTopicName = 20;  ///< characters of a topic's name
+/// The section with the topics' names by number and the number of the one selected at start.
+inline constexpr TextView TopicsSection = u"TOPICS";
+inline constexpr TextView DefaultTopicKey = u"DEFAULT";
+inline constexpr TextView DefaultTopicName = u"General";
+
+/// The topics by number. This list is the truth; menus and lists only display it.
+struct TopicList {
+  std::array<Text, MaxTopics + 1> Names;  ///< empty where the settings name no topic
+  Int16 TopicCount = -1;                  ///< highest number in use, -1 when there is none
+  Int16 CurrentTopic = 0;                 ///< the selected topic; may be any number, see Effective
+
+  /// True for a number that names a topic.
+  bool IsTopic(int index) const;
+
+  /// `index`, or 0 when it names no topic.
+  int Effective(int index) const { return IsTopic(index) ? index : 0; }
+
+  /// The name of topic Effective(index); "General" when there is none at all.
+  Text Name(int index) const;
+};
+
+/// Reads the names 0..10; a gap does not end the list. CurrentTopic stays.
+void LoadTopicList(TopicList& topics, const ProfileFile& profile);
+
+/// The topic to select at start; 0 when the settings name none that exists.
+int DefaultTopic(const TopicList& topics, const ProfileFile& profile);
+
+/// The number of the topic with this name (blanks at its right end ignored, letter case not), or
+/// -1.
+int FindTopic(const TopicList& topics, TextView name);
+
+/// Deletes a topic with its section; the later ones close up, keeping their order. CurrentTopic and
+/// the topic numbers of stacks are the caller's affair.
+void DeleteTopic(TopicList& topics, ProfileFile& profile, int index);
+
+/// Opens the topic dialog with a proposed name; adds to the list, or not.
+using AddTopic = std::function<void(const Text& name)>;
+
+/// The topic of a stack that was just read, by the name in its file. Tells the user when it names
+/// none; asks whether to add an unknown one. After a Yes the last topic is the result, even when
+/// the dialog was cancelled: new topics come at the end.
+/// @param add  empty where topics cannot be added: then an unknown one is topic 0 without a
+/// question
+Int16 ResolveFileTopic(const Text& name, TopicList& topics, Prompts& prompts, const AddTopic& add);
+
+/// "Cannot Add.  Maximum of 10 Topics"
+Prompt TooManyTopicsPrompt();

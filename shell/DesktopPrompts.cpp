@@ -1,0 +1,63 @@
+#include "shell/DesktopPrompts.h"
+
+#include "base/QtText.h"
+#include "shell/Pointer.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace {
+
+QMessageBox::Icon IconOf(PromptIcon icon) {
+  switch (icon) {
+    case PromptIcon::None:
+      return QMessageBox::NoIcon;
+    case PromptIcon::Question:
+      return QMessageBox::Question;
+    case PromptIcon::Exclamation:
+      return QMessageBox::Warning;
+    case PromptIcon::Information:
+      return QMessageBox::Information;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
+  switch (buttons) {
+    case PromptButtons::Ok:
+      return QMessageBox::Ok;
+    case PromptButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case PromptButtons::YesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+  }
+  return QMessageBox::Ok;
+}
+
+}  // namespace
+
+Answer DesktopPrompts::Show(const Prompt& prompt) {
+  QWidget* const owner = QApplication::activeModalWidget() != nullptr
+                             ? QApplication::activeModalWidget()
+                             : QApplication::activeWindow();
+  QMessageBox box(IconOf(prompt.icon), ToQString(prompt.title), ToShownText(prompt.text),
+                  ButtonsOf(prompt.buttons), owner);
+  box.setObjectName("messageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.setWindowModality(Qt::ApplicationModal);
+  if (prompt.buttons == PromptButtons::YesNo) box.setEscapeButton(QMessageBox::No);
+  const bool busy = QApplication::overrideCursor() != nullptr;
+  SetPointer(PointerShape::Normal);  // a question under an hourglass cannot be answered
+  const int button = box.exec();
+  if (busy) SetPointer(PointerShape::Busy);
+  switch (button) {
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
+    case QMessageBox::Cancel:
+      return Answer::Cancel;
+    default:
+      return Answer::Ok;
+  }
+}

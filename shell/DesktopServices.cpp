@@ -1,0 +1,42 @@
+#include "shell/DesktopServices.h"
+
+#include "base/Paths.h"
+#include "base/QtText.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+constexpr TextView SettingsFileName = u"QUIBCRDS.INI";
+
+Text UserFolder(QStandardPaths::StandardLocation location) {
+  return WithSeparator(ToText(QStandardPaths::writableLocation(location))) + u"quibcards";
+}
+
+/// The settings file's path; its folder is made when it is missing.
+Text SettingsPath(Files& files) {
+  const Text folder = UserFolder(QStandardPaths::GenericConfigLocation);
+  (void)files.MakeFolder(folder);  // without it every setting reads as its default
+  return WithSeparator(folder).append(SettingsFileName);
+}
+
+Text ProgramFolder() { return ToText(QCoreApplication::applicationDirPath()); }
+
+}  // namespace
+
+void DesktopHelp::Show(HelpContext) { m_prompts.Show(MissingHelpPrompt(m_helpFile)); }
+
+DesktopServices::DesktopServices()
+    : m_files(UserFolder(QStandardPaths::GenericDataLocation) + u"/rescue"),
+      m_profile(m_files, SettingsPath(m_files)),
+      m_help(m_prompts, WithSeparator(ProgramFolder()).append(HelpFileName)),
+      platform{m_prompts, m_files, m_profile, m_help,
+               [] { return std::make_unique<ClockRandom>(); }} {}
+
+Text DesktopServices::DefaultFolder() {
+  const QString program = QCoreApplication::applicationDirPath();
+  if (QFileInfo(program).isWritable()) return ToText(program);
+  return ToText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "base/DiskFiles.h"
+#include "settings/ProfileFile.h"
+#include "shell/DesktopPrompts.h"
+#include "shell/Platform.h"
+
+/// Looks for the help file beside the program and in its data folder.
+class DesktopHelp : public HelpService {
+ public:
+  DesktopHelp(Prompts& prompts, Text helpFile)
+      : m_prompts(prompts), m_helpFile(std::move(helpFile)) {}
+  void Show(HelpContext context) override;
+
+ private:
+  Prompts& m_prompts;
+  Text m_helpFile;
+};
+
+/// The real desktop: message boxes, the file system, the user's settings file.
+class DesktopServices {
+ public:
+  DesktopServices();
+  DesktopServices(const DesktopServices&) = delete;
+  DesktopServices& operator=(const DesktopServices&) = delete;
+
+  /// Where stack files are looked for first: the program's folder while it can be written to, else
+  /// the user's documents.
+  Text DefaultFolder();
+
+ private:
+  DesktopPrompts m_prompts;
+  DiskFiles m_files;
+  ProfileFile m_profile;
+  DesktopHelp m_help;
+
+ public:
+  Platform platform;
+};

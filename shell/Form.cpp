@@ -1,0 +1,138 @@
+#include "shell/Form.h"
+
+#include "base/QtText.h"
+#include "shell/Icons.h"
+#include "shell/Pointer.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScreen>
+
+Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* owner)
+    : QDialog(owner), m_shared(shared), m_platform(platform) {
+  setObjectName(QLatin1String(name));
+  setWindowIcon(ProgramIcon());
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+void Form::TameControl(QWidget* control) {
+  if (auto* const button = qobject_cast<QPushButton*>(control)) button->setAutoDefault(false);
+  if (qobject_cast<QAbstractButton*>(control) != nullptr) control->installEventFilter(this);
+  if (auto* const label = qobject_cast<QLabel*>(control)) label->setTextFormat(Qt::PlainText);
+}
+
+QMenuBar* Form::AddMenuBar() {
+  auto* const bar = new QMenuBar(this);
+  layout()->setMenuBar(bar);
+  return bar;
+}
+
+QAction* Form::AddItem(QWidget* menu, const QString& name, const QString& caption) {
+  auto* const action = new QAction(caption, this);
+  action->setObjectName(name);
+  menu->addAction(action);
+  return action;
+}
+
+QMenu* Form::AddMenu(QMenuBar* bar, const QString& name, const QString& caption) {
+  QMenu* const menu = bar->addMenu(caption);
+  menu->setObjectName(name);
+  menu->setToolTipsVisible(true);
+  return menu;
+}
+
+QAction* Form::AddHelp(QMenuBar* bar, HelpContext context) {
+  QAction* const help = AddItem(bar, QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
+  help->setShortcut(QKeySequence::HelpContents);
+  connect(help, &QAction::triggered, this, [this, context] { m_platform.help.Show(context); });
+  return help;
+}
+
+void Form::SetTabOrder(std::initializer_list<QWidget*> controls) {
+  QWidget* before = nullptr;
+  for (QWidget* const control : controls) {
+    if (before != nullptr) setTabOrder(before, control);
+    before = control;
+  }
+}
+
+void Form::SetOkButton(QPushButton* button) {
+  m_okButton = button;
+  button->setDefault(true);
+}
+
+TopicCheck Form::FileTopicCheck() {
+  return [this](const Text& name) {
+    return ResolveFileTopic(name, m_shared.Topics, m_platform.prompts, AddTopic());
+  };
+}
+
+void Form::ShowModal() {
+  setWindowModality(Qt::ApplicationModal);
+  exec();
+}
+
+void Form::Unload() {
+  m_unloading = true;
+  close();
+  m_unloading = false;
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+  if (!Form_QueryUnload(m_unloading ? UnloadCause::Code : UnloadCause::CloseBox)) {
+    event->ignore();
+    return;
+  }
+  Form_Unload();
+  event->accept();
+  done(0);
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+  QPushButton* button = nullptr;
+  if (event->key() == Qt::Key_Escape) button = m_cancelButton;
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    auto* const focused = qobject_cast<QPushButton*>(focusWidget());
+    const bool inList = qobject_cast<QAbstractItemView*>(focusWidget()) != nullptr;
+    if (!inList) button = focused != nullptr ? focused : m_okButton;  // a list has had its Enter
+  }
+  if (button != nullptr && button->isEnabled()) button->click();
+}
+
+void Form::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  if (m_centred) return;
+  m_centred = true;
+  const QRect area = screen()->availableGeometry();
+  move(area.left() + (area.width() - width()) / 2, area.top() + (area.height() - height()) / 2);
+  SetPointer(PointerShape::Normal);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+  // A mnemonic would press the button for a moment and act after it; the key typed next would then
+  // act before it.
+  auto* const button = qobject_cast<QAbstractButton*>(watched);
+  const bool mnemonic = button != nullptr && event->type() == QEvent::Shortcut &&
+                        !static_cast<QShortcutEvent*>(event)->isAmbiguous();
+  if (!mnemonic) return QDialog::eventFilter(watched, event);
+  button->setFocus(Qt::ShortcutFocusReason);
+  button->click();
+  return true;
+}
+
+void Form::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::ActivationChange) return;
+  if (isActiveWindow()) {
+    Form_Activate();
+  } else {
+    Form_Deactivate();
+  }
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/Files.h"
+#include "base/Prompts.h"
+#include "settings/ProfileFile.h"
+#include "shell/HelpContexts.h"
+#include "study/RandomSource.h"
+
+#include <functional>
+#include <memory>
+
+/// What the windows need of the world outside. `main` owns the real services, tests bring doubles.
+struct Platform {
+  Prompts& prompts;
+  Files& files;
+  ProfileFile& profile;
+  HelpService& help;
+  std::function<std::unique_ptr<RandomSource>()> makeRandom;  ///< one for each study window
+};

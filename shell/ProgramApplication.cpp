@@ -1,0 +1,25 @@
+#include "shell/ProgramApplication.h"
+
+#include "base/Fault.h"
+#include "base/QtText.h"
+#include "base/Version.h"
+#include "shell/Pointer.h"
+
+ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {
+  setApplicationName(QStringLiteral("quibcards"));
+  setApplicationDisplayName(QString());  // titles stand exactly as the windows give them
+  setApplicationVersion(ToQString(ProgramVersion));
+  setDesktopFileName(QStringLiteral("quibcards"));
+}
+
+bool ProgramApplication::notify(QObject* receiver, QEvent* event) {
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const Fault& fault) {
+    SetPointer(PointerShape::Normal);
+    if (m_prompts != nullptr) {
+      m_prompts->Show({.text = ErrorText(fault.Number()), .icon = PromptIcon::Exclamation});
+    }
+    return true;
+  }
+}

@@ -1,0 +1,57 @@
+#include "shell/frmAboutBox.h"
+
+#include "base/QtText.h"
+#include "base/Version.h"
+#include "shell/Icons.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner)
+    : Form("frmAboutBox", shared, platform, owner),
+      lblTitle(Add<QLabel>(QStringLiteral("lblTitle"))),
+      lblVersion(Add<QLabel>(QStringLiteral("lblVersion"))),
+      lblAbout(Add<QLabel>(QStringLiteral("lblAbout"))),
+      cmdOverview(Add<QPushButton>(QStringLiteral("cmdOverview"))),
+      cmdOK(Add<QPushButton>(QStringLiteral("cmdOK"))) {
+  setWindowTitle(QStringLiteral("About ") + ToQString(ProgramName));
+  auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
+  imgIcon->setPixmap(ProgramIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
+  QFont large = lblTitle->font();
+  large.setPointSizeF(large.pointSizeF() * 1.6);
+  large.setBold(true);
+  lblTitle->setFont(large);
+  lblTitle->setText(ToQString(ProgramName));
+  lblVersion->setText(QStringLiteral("Version ") + ToQString(ProgramVersion));
+  lblAbout->setText(QStringLiteral("Learning with study cards"));
+  cmdOverview->setText(QStringLiteral("O&verview"));
+  cmdOK->setText(QStringLiteral("OK"));
+
+  auto* const words = new QVBoxLayout;
+  words->addWidget(lblTitle);
+  words->addWidget(lblVersion);
+  words->addSpacing(8);
+  words->addWidget(lblAbout);
+  words->addStretch();
+  auto* const top = new QHBoxLayout;
+  top->setSpacing(20);
+  top->addWidget(imgIcon, 0, Qt::AlignTop);
+  top->addLayout(words, 1);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addStretch();
+  buttons->addWidget(cmdOverview);
+  buttons->addWidget(cmdOK);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(20, 20, 20, 16);
+  column->setSpacing(20);
+  column->addLayout(top);
+  column->addLayout(buttons);
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+
+  connect(cmdOverview, &QPushButton::clicked, this, &frmAboutBox::cmdOverview_Click);
+  connect(cmdOK, &QPushButton::clicked, this, &frmAboutBox::cmdOK_Click);
+  SetOkButton(cmdOK);
+  SetCancelButton(cmdOK);
+  cmdOK->setFocus();
+}

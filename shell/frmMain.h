@@ -1,0 +1,91 @@
+#pragma once
+
+#include "shell/Form.h"
+#include "study/StudyWindows.h"
+
+#include <QPointer>
+
+#include <array>
+#include <vector>
+
+class QActionGroup;
+class QComboBox;
+class QFrame;
+class QLabel;
+class QToolButton;
+
+/// The hub: the loaded stacks, the topics, and a command for every other window.
+class frmMain : public Form {
+  Q_OBJECT
+
+ public:
+  /// @param commandLine  names the stack to load, or is empty
+  /// @param splash       goes the first time that this window is left
+  frmMain(SharedState& shared, Platform& platform, const Text& commandLine, QWidget* splash);
+
+ protected:
+  bool Form_QueryUnload(UnloadCause) override { return true; }  // nothing here can be lost unasked
+  void Form_Unload() override;
+  void Form_Activate() override;
+  void Form_Deactivate() override;
+
+ private:
+  /// A command that stands in a menu and on the ribbon.
+  struct Command {
+    QAction* item = nullptr;
+    QToolButton* button = nullptr;
+    void SetEnabled(bool enabled) const;
+  };
+
+  void MakeFileMenu();
+  void MakeRunMenu();
+  void MakeTopicMenu();
+  void MakeHelpMenu();
+  void LayOut();
+  Command AddCommand(QMenu* menu, const QString& itemName, const QString& caption,
+                     const QString& buttonName, const QString& buttonCaption, const char* icon,
+                     const QString& toolTip);
+  QLabel* AddFontPanel(const QString& name, const QString& caption);
+
+  void Form_Load(const Text& commandLine);
+  void LoadCommandLineStack(const Text& commandLine);
+  void EnableCommands();
+  void FillStacks();
+  void FillTopics();
+  void SelectStack(int index);
+  void ShowFonts();
+  void ShowStackInfo();
+
+  void cboStacks_Click(int index);
+  void mnuLoad_Click();
+  void mnuDel_Click();
+  void mnuRemove_Click();
+  void mnuRunItem_Click(int index);
+  void mnuTopicName_Click(int index);
+  void mnuAbout_Click();
+  void mnuQuit_Click() { Unload(); }
+
+  StudyWindows m_studyWindows;
+  QPointer<QWidget> m_splash;
+
+  QMenuBar* m_menuBar = nullptr;
+  QMenu* mnuTopics = nullptr;
+  QAction* m_topicSeparator = nullptr;
+  QActionGroup* m_topicGroup = nullptr;
+  std::vector<QAction*> mnuTopicName;
+
+  Command m_load, m_create, m_edit, m_remove, m_print;  // with their ribbon buttons
+  std::array<Command, 4> m_run;
+  QAction* mnuDel = nullptr;
+  QAction* mnuChangeFont = nullptr;
+  QAction* mnuAddTopic = nullptr;
+  QAction* mnuChangeTopic = nullptr;
+  QAction* mnuDeleteTopic = nullptr;
+
+  QFrame* sspRibbon = nullptr;
+  QLabel* lblStacks = nullptr;
+  QComboBox* cboStacks = nullptr;
+  QLabel* lblStackInfo = nullptr;
+  QLabel* sspFrontFont = nullptr;
+  QLabel* sspBackFont = nullptr;
+};

@@ -1,0 +1,53 @@
+#include "shell/frmStartup.h"
+
+#include "base/QtText.h"
+#include "base/Version.h"
+#include "shell/Icons.h"
+#include "shell/Pointer.h"
+#include "shell/frmMain.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <chrono>
+#include <thread>
+
+frmStartup::frmStartup(SharedState& shared, Platform& platform)
+    : Form("frmStartup", shared, platform, nullptr),
+      lblTitle(Add<QLabel>(QStringLiteral("lblTitle"))),
+      lblVersion(Add<QLabel>(QStringLiteral("lblVersion"))) {
+  // An ordinary frameless window: the main window covers it.
+  setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+  setWindowTitle(ToQString(ProgramTitle));
+  auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
+  imgIcon->setPixmap(ProgramIcon().pixmap(QSize(128, 128), devicePixelRatioF()));
+  imgIcon->setAlignment(Qt::AlignCenter);
+  QFont large = lblTitle->font();
+  large.setPointSizeF(large.pointSizeF() * 2.2);
+  large.setBold(true);
+  lblTitle->setFont(large);
+  lblTitle->setText(ToQString(ProgramName));
+  lblTitle->setAlignment(Qt::AlignCenter);
+  lblVersion->setText(QStringLiteral("Version ") + ToQString(ProgramVersion));
+  lblVersion->setAlignment(Qt::AlignCenter);
+
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(64, 40, 64, 40);
+  column->setSpacing(12);
+  column->addWidget(imgIcon);
+  column->addWidget(lblTitle);
+  column->addWidget(lblVersion);
+}
+
+frmStartup::~frmStartup() = default;
+
+void frmStartup::Run(const Text& commandLine, int milliseconds) {
+  show();
+  repaint();
+  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // once, so that it is painted
+  std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
+  SetPointer(PointerShape::Busy);
+  m_main = std::make_unique<frmMain>(m_shared, m_platform, commandLine, this);
+  m_main->show();
+}

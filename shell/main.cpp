@@ -1,0 +1,27 @@
+#include "base/Paths.h"
+#include "settings/DisplayFont.h"
+#include "shell/CommandLine.h"
+#include "shell/DesktopServices.h"
+#include "shell/ProgramApplication.h"
+#include "shell/frmStartup.h"
+
+#include <QApplication>
+
+#include <filesystem>
+
+int main(int argc, char** argv) {
+  ProgramApplication application(argc, argv);
+  RegisterFontSubstitutes();
+
+  // The toolkit has taken its own arguments out of argv; what is left names a stack, byte by byte.
+  std::vector<Text> arguments;
+  for (int i = 1; i < argc; ++i) arguments.push_back(DecodePath(argv[i]));
+
+  DesktopServices services;
+  application.SetPrompts(services.platform.prompts);
+  SharedState shared;
+  shared.Switches.DefaultFolder = services.DefaultFolder();
+  frmStartup splash(shared, services.platform);
+  splash.Run(JoinArguments(arguments), frmStartup::WaitTime);
+  return QApplication::exec();
+}

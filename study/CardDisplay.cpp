@@ -1,0 +1,58 @@
+#include "study/CardDisplay.h"
+
+#include <utility>
+
+namespace {
+
+bool IsThere(const CardStack& stack, int card) { return card >= 1 && card <= stack.CardCount; }
+
+void LoadPicture(CardDisplay& display, const TimerSettings& settings, const MediaLookup& find) {
+  if (settings.NoPicture) return;
+  if (Text file = find(display.questionPicture); !file.empty()) display.picture = std::move(file);
+}
+
+}  // namespace
+
+Text ShownSideText(const CardStack& stack, int card, int side) {
+  return IsThere(stack, card) ? Text(stack.SideText(card, side)) : Text();
+}
+
+void ClearCard(CardDisplay& display) { display = CardDisplay(); }
+
+void ShowQuestion(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                  const TimerSettings& settings, const MediaLookup& find) {
+  const int card = session.currentCard;
+  const int side = session.firstSide;
+  const bool there = IsThere(stack, card);
+  display.questionPicture = there ? stack.SidePicture(card, side) : Text();
+  LoadPicture(display, settings, find);
+  if (!settings.HideWord) {
+    display.questionLine = WrapForDisplay(ShownSideText(stack, card, side));
+  }
+  display.questionSound = there ? stack.SideSound(card, side) : Text();
+  display.questionSoundEnabled = !display.questionSound.empty();
+}
+
+void ShowAnswer(CardDisplay& display, const StudySession& session, const CardStack& stack) {
+  const int card = session.currentCard;
+  const int side = session.AnswerSide();
+  const bool there = IsThere(stack, card);
+  display.answerPicture = there ? stack.SidePicture(card, side) : Text();
+  display.questionLine = WrapForDisplay(ShownSideText(stack, card, session.firstSide));
+  display.answerLine = WrapForDisplay(ShownSideText(stack, card, side));
+  display.answerSound = there ? stack.SideSound(card, side) : Text();
+  display.answerSoundEnabled = !display.answerSound.empty();
+}
+
+void TurnOver(CardDisplay& display, const TimerSettings& settings, const MediaLookup& find) {
+  std::swap(display.questionLine, display.answerLine);
+  std::swap(display.questionSound, display.answerSound);
+  std::swap(display.questionSoundEnabled, display.answerSoundEnabled);
+  std::swap(display.questionPicture, display.answerPicture);
+  LoadPicture(display, settings, find);
+}
+
+void BlankQuestion(CardDisplay& display) {
+  display.questionLine.clear();
+  display.picture.clear();
+}

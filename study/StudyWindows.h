@@ -1,0 +1,34 @@
+#pragma once
+
+#include "shell/Platform.h"
+#include "shell/SharedState.h"
+
+#include <vector>
+
+class frmStepper;
+
+/// The open study windows by their instance numbers. They are independent of each other and remove
+/// themselves when they close.
+class StudyWindows {
+ public:
+  StudyWindows(SharedState& shared, Platform& platform) : m_shared(shared), m_platform(platform) {}
+  StudyWindows(const StudyWindows&) = delete;
+  StudyWindows& operator=(const StudyWindows&) = delete;
+  ~StudyWindows() { CloseAll(); }
+
+  /// Opens a window on the selected stack, in the chosen mode.
+  frmStepper& Open();
+
+  void CloseAll();
+
+  /// A stack leaves the list: its windows close, and those of later stacks follow their stack.
+  void StackRemoved(int stackIndex);
+
+  /// Called by a window that closes.
+  void Remove(int instanceNumber);
+
+ private:
+  SharedState& m_shared;
+  Platform& m_platform;
+  std::vector<frmStepper*> m_windows;  // by instance number; null where one has closed
+};

@@ -1,0 +1,377 @@
+#include "settings/TopicSettings.h"
+
+#include "tests/support/MemoryFiles.h"
+#include "tests/support/TextPrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr const char* FirstRun =
+    "[TOPICS]\r\n"
+    "DEFAULT=0\r\n"
+    "0=General\r\n"
+    "[General]\r\n"
+    "FRONTFONT=MS Sans Serif\r\n"
+    "FRONTSIZE=8.25\r\n"
+    "BACKFONT=MS Sans Serif\r\n"
+    "BACKSIZE=8.25\r\n";
+
+class TopicSettingsTest : public testing::Test {
+ protected:
+  void Put(std::string content) { files.Put(u"QUIBCRDS.INI", std::move(content)); }
+  std::string Content() const { return files.Content(u"QUIBCRDS.INI"); }
+  /// As the program starts.
+  void Start() {
+    InitSettings(profile);
+    LoadTopicList(topics, profile);
+  }
+
+  MemoryFiles files;
+  ProfileFile profile{files, u"QUIBCRDS.INI"};
+  TopicList topics;
+};
+
+KeyTable OneKey() {
+  KeyTable keys;
+  keys.KeyCount = 1;
+  keys.Slots[1] = {CharCode{'1'}, CharCode{'2'}, CharCode{'E'}, CharCode{0xE9}};
+  return keys;
+}
+
+// First run
+
+TEST_F(TopicSettingsTest, TheFirstRunWritesTopic0) {
+  InitSettings(profile);
+  EXPECT_EQ(Content(), FirstRun);
+}
+
+TEST_F(TopicSettingsTest, ALaterRunWritesNothing) {
+  InitSettings(profile);
+  const int commits = files.commits;
+  InitSettings(profile);
+  EXPECT_EQ(files.commits, commits);
+}
+
+TEST_F(TopicSettingsTest, ADefaultTopicOfAnyKindMakesTheFileAnOldOne) {
+  for (const char* const value : {"0", "7", "abc", "-2", "2147483647"}) {
+    const std::string content = "[topics]\r\ndefault=" + std::string(value) + "\r\n";
+    Put(content);
+    InitSettings(profile);
+    EXPECT_EQ(Content(), content);
+  }
+}
+
+TEST_F(TopicSettingsTest, AMissingEmptyOrMinusOneDefaultMakesTheFileANewOne) {
+  for (const char* const line : {"0=Mine", "DEFAULT=", "DEFAULT=-1"}) {
+    Put("[TOPICS]\r\n" + std::string(line) + "\r\n");
+    InitSettings(profile);
+    EXPECT_EQ(profile.GetString(u"TOPICS", u"DEFAULT", u"", 9), u"0") << line;
+    EXPECT_EQ(profile.GetString(u"TOPICS", u"0", u"", 20), u"General") << line;
+    EXPECT_EQ(profile.GetString(u"General", u"BACKSIZE", u"", 9), u"8.25") << line;
+  }
+}
+
+TEST_F(TopicSettingsTest, AFileThatCannotBeReadIsNotMadeANewOne) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=Mine\r\n");
+  files.failRead = FileStatus::PathAccess;
+  InitSettings(profile);
+  EXPECT_EQ(Content(), "[TOPICS]\r\nDEFAULT=0\r\n0=Mine\r\n");
+}
+
+TEST_F(TopicSettingsTest, TheFirstRunKeepsForeignLines) {
+  Put("; mine\r\n[Spanish]\r\nKEYS=x\r\n");
+  InitSettings(profile);
+  EXPECT_EQ(Content(), "; mine\r\n[Spanish]\r\nKEYS=x\r\n" + std::string(FirstRun));
+}
+
+// Loading a topic
+
+TEST_F(TopicSettingsTest, ReadsFontsSizesAndKeys) {
+  Put("[Greek]\r\nFRONTFONT=Symbol\r\nFRONTSIZE=12\r\nBACKFONT=Arial\r\nBACKSIZE=9.75\r\n"
+      "KEYS=12E\xE9" +
+      std::string(116, ' ') + "\r\n");
+  const TopicSettings settings = LoadTopicSettings(profile, u"Greek");
+  EXPECT_EQ(settings.Fonts, (TopicFonts{u"Symbol", 12.0F, u"Arial", 9.75F}));
+  EXPECT_EQ(settings.Keys.KeyCount, 1);
+  EXPECT_EQ(settings.Keys.Slot(1), OneKey().Slot(1));
+  EXPECT_EQ(files.commits, 0);
+}
+
+TEST_F(TopicSettingsTest, FindsTheSectionInAnyLetterCase) {
+  Put("[GREEK]\r\nFRONTFONT=Symbol\r\nFRONTSIZE=12\r\nBACKFONT=Arial\r\nBACKSIZE=9.75\r\n");
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts.FrontFont, u"Symbol");
+}
+
+TEST_F(TopicSettingsTest, WritesMissingValuesBack) {
+  Put("[Greek]\r\nBACKFONT=Arial\r\n");
+  const TopicSettings settings = LoadTopicSettings(profile, u"Greek");
+  EXPECT_EQ(settings.Fonts, (TopicFonts{u"MS Sans Serif", 8.25F, u"Arial", 8.25F}));
+  EXPECT_EQ(settings.Keys.KeyCount, 0);
+  EXPECT_EQ(Content(),
+            "[Greek]\r\nBACKFONT=Arial\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\n"
+            "BACKSIZE=8.25\r\n");
+}
+
+TEST_F(TopicSettingsTest, WritesEmptyValuesBack) {
+  Put("[Greek]\r\nFRONTFONT=\r\nFRONTSIZE=\r\nBACKFONT=\"\"\r\nBACKSIZE=  \r\nKEYS=\r\n");
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts, TopicFonts());
+  EXPECT_EQ(Content(),
+            "[Greek]\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\nBACKFONT=MS Sans Serif\r\n"
+            "BACKSIZE=8.25\r\nKEYS=\r\n");
+}
+
+TEST_F(TopicSettingsTest, MakesASectionForATopicWithoutOne) {
+  Put("[TOPICS]\r\n0=General\r\n1=Greek\r\n");
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts, TopicFonts());
+  EXPECT_EQ(Content(),
+            "[TOPICS]\r\n0=General\r\n1=Greek\r\n[Greek]\r\nFRONTFONT=MS Sans Serif\r\n"
+            "FRONTSIZE=8.25\r\nBACKFONT=MS Sans Serif\r\nBACKSIZE=8.25\r\n");
+}
+
+TEST_F(TopicSettingsTest, UsesTheDefaultsWhereTheyCannotBeWritten) {
+  files.failReplace = FileStatus::PathAccess;
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts, TopicFonts());
+}
+
+TEST_F(TopicSettingsTest, ASizeThatIsNoPositiveNumberIsTheDefaultAndStaysInTheFile) {
+  for (const std::string size :
+       {"abc", "0", "-3", ".", "1e300", "-1e300", "1e-60", "1e999", ",5"}) {
+    const std::string content = "[Greek]\r\nFRONTFONT=A\r\nFRONTSIZE=" + size +
+                                "\r\nBACKFONT=B\r\nBACKSIZE=" + size + "\r\n";
+    Put(content);
+    const TopicFonts fonts = LoadTopicSettings(profile, u"Greek").Fonts;
+    EXPECT_EQ(fonts.FrontSize, 8.25F) << size;
+    EXPECT_EQ(fonts.BackSize, 8.25F) << size;
+    EXPECT_EQ(Content(), content);
+  }
+}
+
+struct SizeCase {
+  const char* text;
+  float size;
+};
+
+TEST_F(TopicSettingsTest, ASizeIsTheNumberAtTheStart) {
+  constexpr SizeCase Table[] = {
+      {"10", 10.0F},  {"12pt", 12.0F},           {"9,75", 9.0F}, {".5", 0.5F}, {"1e1", 10.0F},
+      {"+8.5", 8.5F}, {"12.34567890", 12.34567F}};
+  for (const auto& [text, size] : Table) {
+    Put("[G]\r\nFRONTFONT=A\r\nFRONTSIZE=" + std::string(text) +
+        "\r\nBACKFONT=A\r\nBACKSIZE=1\r\n");
+    EXPECT_EQ(LoadTopicSettings(profile, u"G").Fonts.FrontSize, size) << text;
+  }
+}
+
+TEST_F(TopicSettingsTest, CutsAFontNameAt50Characters) {
+  Put("[G]\r\nFRONTFONT=" + std::string(60, 'x') + "\r\nBACKFONT=" + std::string(50, 'y') +
+      "\r\nFRONTSIZE=8\r\nBACKSIZE=8\r\n");
+  const TopicFonts fonts = LoadTopicSettings(profile, u"G").Fonts;
+  EXPECT_EQ(fonts.FrontFont, Text(50, u'x'));
+  EXPECT_EQ(fonts.BackFont, Text(50, u'y'));
+}
+
+TEST_F(TopicSettingsTest, ReadsThirtyKeysAtMost) {
+  std::string keys;
+  for (int i = 0; i < 35; ++i) keys += "12Ee";
+  Put("[G]\r\nKEYS=" + keys + "\r\n");
+  EXPECT_EQ(LoadTopicSettings(profile, u"G").Keys.KeyCount, 30);
+}
+
+// Saving
+
+TEST_F(TopicSettingsTest, SavesFonts) {
+  Put("[Greek]\r\nFRONTFONT=A\r\nKEYS=x\r\n");
+  SaveTopicFonts(profile, u"Greek", {u"Symbol", 12.0F, u"Arial", 9.75F});
+  EXPECT_EQ(Content(),
+            "[Greek]\r\nFRONTFONT=Symbol\r\nKEYS=x\r\nFRONTSIZE=12\r\nBACKFONT=Arial\r\n"
+            "BACKSIZE=9.75\r\n");
+}
+
+TEST_F(TopicSettingsTest, ReadsBackTheSizesThatItWrites) {
+  for (const float size : {8.25F, 10.0F, 0.5F, 32.0F, 12.3F, 999.9F}) {
+    SaveTopicFonts(profile, u"G", {u"A", size, u"B", size});
+    EXPECT_EQ(LoadTopicSettings(profile, u"G").Fonts, (TopicFonts{u"A", size, u"B", size}));
+  }
+}
+
+TEST_F(TopicSettingsTest, SavingTheKeysOfATopicWritesThemOnly) {
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {u"X", 20.0F, u"Y", 20.0F}, OneKey()));
+  EXPECT_EQ(Content(), std::string(FirstRun) + "KEYS=12E\xE9" + std::string(116, ' ') + "\r\n");
+  EXPECT_EQ(topics.TopicCount, 0);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+TEST_F(TopicSettingsTest, SavingNoKeysWrites120Blanks) {
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, {}));
+  EXPECT_EQ(Content(), std::string(FirstRun) + "KEYS=" + std::string(120, ' ') + "\r\n");
+}
+
+TEST_F(TopicSettingsTest, SavingLeavesTheCurrentTopicWhereTheTopicExists) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n");
+  Start();
+  topics.CurrentTopic = 1;
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, {}));
+  EXPECT_EQ(topics.CurrentTopic, 1);
+}
+
+TEST_F(TopicSettingsTest, SavingAddsANewTopicAtTheEnd) {
+  Start();
+  EXPECT_TRUE(
+      SaveTopicAndKeys(profile, topics, u"Spanish", {u"Arial", 12.0F, u"Times", 9.5F}, OneKey()));
+  EXPECT_EQ(Content(),
+            "[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Spanish\r\n"
+            "[General]\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\n"
+            "BACKFONT=MS Sans Serif\r\nBACKSIZE=8.25\r\n"
+            "[Spanish]\r\nFRONTFONT=Arial\r\nFRONTSIZE=12\r\nBACKFONT=Times\r\nBACKSIZE=9.5\r\n"
+            "KEYS=12E\xE9" +
+                std::string(116, ' ') + "\r\n");
+}
+
+TEST_F(TopicSettingsTest, ANewTopicBecomesTheCurrentOne) {
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}));
+  EXPECT_EQ(topics.TopicCount, 1);
+  EXPECT_EQ(topics.CurrentTopic, 1);
+  EXPECT_EQ(topics.Name(1), u"Spanish");
+}
+
+TEST_F(TopicSettingsTest, ANewTopicIsThereAfterLoadingTheListAgain) {
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Espa\u00F1ol", {}, OneKey()));
+  LoadTopicList(topics, profile);
+  EXPECT_EQ(FindTopic(topics, u"Espa\u00F1ol"), 1);
+  EXPECT_EQ(LoadTopicSettings(profile, u"Espa\u00F1ol").Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, ANewTopicNeverFillsAGap) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n2=Greek\r\n");
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}));
+  EXPECT_EQ(topics.TopicCount, 3);
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"1", u"absent", 20), u"absent");
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"3", u"absent", 20), u"Spanish");
+}
+
+TEST_F(TopicSettingsTest, ANewTopicInAnotherLetterCaseSharesTheSection) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n[Greek]\r\nKEYS=x\r\n");
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"GREEK", {u"A", 8.0F, u"B", 8.0F}, OneKey()));
+  EXPECT_EQ(topics.TopicCount, 2);
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts.FrontFont, u"A");
+}
+
+TEST_F(TopicSettingsTest, RefusesATwelfthTopic) {
+  std::string content = "[TOPICS]\r\nDEFAULT=0\r\n";
+  for (int i = 0; i <= 10; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
+  Put(content);
+  Start();
+  EXPECT_FALSE(SaveTopicAndKeys(profile, topics, u"New", {}, OneKey()));
+  EXPECT_EQ(Content(), content);
+  EXPECT_EQ(topics.TopicCount, 10);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+TEST_F(TopicSettingsTest, SavesKeysOfAnyTopicOfAFullList) {
+  std::string content = "[TOPICS]\r\nDEFAULT=0\r\n";
+  for (int i = 0; i <= 10; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
+  Put(content);
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"T10", {}, OneKey()));
+  EXPECT_EQ(LoadTopicSettings(profile, u"T10").Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, AddsTheEleventhTopic) {
+  std::string content = "[TOPICS]\r\nDEFAULT=0\r\n";
+  for (int i = 0; i <= 9; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
+  Put(content);
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"New", {}, {}));
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"10", u"", 20), u"New");
+}
+
+TEST_F(TopicSettingsTest, KeepsEveryCharacterCodeOfAKey) {
+  Start();
+  for (int code = 1; code < 256; ++code) {
+    if (code == ' ') continue;  // a last record that types a blank is lost
+    KeyTable keys = OneKey();
+    keys.Slots[1].character = static_cast<CharCode>(code);
+    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
+    ASSERT_EQ(read.KeyCount, 1) << code;
+    EXPECT_EQ(read.Slot(1), keys.Slot(1));
+  }
+}
+
+TEST_F(TopicSettingsTest, KeepsEveryCharacterCodeOfTheThirtiethKey) {
+  Start();
+  KeyTable keys;
+  for (int i = 1; i <= 30; ++i) keys.Slots[static_cast<std::size_t>(i)] = OneKey().Slot(1);
+  keys.KeyCount = 30;
+  for (int code = 1; code < 256; ++code) {
+    if (code == ' ') continue;
+    keys.Slots[30].character = static_cast<CharCode>(code);
+    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
+    ASSERT_EQ(read.KeyCount, 30) << code;
+    EXPECT_EQ(read.Slot(30), keys.Slot(30));
+  }
+}
+
+TEST_F(TopicSettingsTest, KeepsEveryKeyCode) {
+  Start();
+  for (int code = 1; code < 256; ++code) {
+    KeyTable keys = OneKey();
+    keys.Slots[1].key = static_cast<CharCode>(code);
+    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
+    ASSERT_EQ(read.KeyCount, 1) << code;
+    EXPECT_EQ(read.Slot(1), keys.Slot(1));
+  }
+}
+
+// Selecting
+
+TEST_F(TopicSettingsTest, SelectingReadsTheTopic) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n[Greek]\r\nFRONTFONT=Symbol\r\n"
+      "FRONTSIZE=12\r\nBACKFONT=Arial\r\nBACKSIZE=10\r\nKEYS=12Ee\r\n");
+  Start();
+  TopicSettings settings;
+  SelectTopic(topics, settings, profile, 1);
+  EXPECT_EQ(topics.CurrentTopic, 1);
+  EXPECT_EQ(settings.Fonts, (TopicFonts{u"Symbol", 12.0F, u"Arial", 10.0F}));
+  EXPECT_EQ(settings.Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, SelectingANumberOutsideSelectsTopic0) {
+  Start();
+  for (const int index : {-1, 1, 10, 11, 32767}) {
+    TopicSettings settings;
+    SelectTopic(topics, settings, profile, index);
+    EXPECT_EQ(topics.CurrentTopic, 0) << index;
+  }
+  EXPECT_EQ(Content(), FirstRun);
+}
+
+TEST_F(TopicSettingsTest, SelectingReplacesTheKeysOfTheTopicBefore) {
+  Start();
+  TopicSettings settings;
+  settings.Keys = OneKey();
+  SelectTopic(topics, settings, profile, 0);
+  EXPECT_EQ(settings.Keys.KeyCount, 0);
+}
+
+TEST_F(TopicSettingsTest, SelectingWithoutAnyTopicWritesNothing) {
+  TopicSettings settings;
+  settings.Fonts.FrontFont = u"Arial";
+  settings.Keys = OneKey();
+  SelectTopic(topics, settings, profile, 3);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+  EXPECT_EQ(settings.Fonts, TopicFonts());
+  EXPECT_EQ(settings.Keys.KeyCount, 0);
+  EXPECT_FALSE(files.Has(u"QUIBCRDS.INI"));
+}
+
+}  // namespace

@@ -1,0 +1,58 @@
+#include "shell/DesktopPrompts.h"
+
+#include "shell/Pointer.h"
+#include "tests/window/WindowFixture.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+
+class DesktopPromptsTest : public WindowTest {
+ protected:
+  Answer Ask(const Prompt& prompt, const std::function<void(QMessageBox&)>& act) {
+    Answer answer{};
+    WithModal<QMessageBox>([&] { answer = DesktopPrompts().Show(prompt); }, act);
+    return answer;
+  }
+};
+
+TEST_F(DesktopPromptsTest, ShowsTextTitleIconAndButtonsAsTheyAre) {
+  Ask({.text = u"a <b>\r\n& c",
+       .icon = PromptIcon::Exclamation,
+       .buttons = PromptButtons::OkCancel},
+      [](QMessageBox& box) {
+        EXPECT_EQ(box.text(), "a <b>\n& c");
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.windowTitle(), "Quib!Cards 5.50");
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+        box.button(QMessageBox::Cancel)->click();
+      });
+}
+
+TEST_F(DesktopPromptsTest, GivesTheButtonThatWasPressed) {
+  const Prompt question{.text = u"?", .buttons = PromptButtons::YesNo};
+  EXPECT_EQ(Ask(question, [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }),
+            Answer::Yes);
+  EXPECT_EQ(Ask(question, [](QMessageBox& box) { box.button(QMessageBox::No)->click(); }),
+            Answer::No);
+}
+
+TEST_F(DesktopPromptsTest, EscapeMeansNoCancelOrOk) {
+  const auto escape = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); };
+  EXPECT_EQ(Ask({.text = u"?", .buttons = PromptButtons::YesNo}, escape), Answer::No);
+  EXPECT_EQ(Ask({.text = u"?", .buttons = PromptButtons::OkCancel}, escape), Answer::Cancel);
+  EXPECT_EQ(Ask({.text = u"?"}, escape), Answer::Ok);
+}
+
+TEST_F(DesktopPromptsTest, AQuestionIsAnsweredWithTheNormalPointer) {
+  const BusyPointer busy;
+  Ask({.text = u"?"}, [](QMessageBox& box) {
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+    box.button(QMessageBox::Ok)->click();
+  });
+  EXPECT_NE(QApplication::overrideCursor(), nullptr);
+}
+
+}  // namespace
