@@ -307,7 +307,9 @@ bool DiskFiles::Exists(const Text& path) {
          !S_ISDIR(info.st_mode);
 }
 
-bool DiskFiles::FolderExists(const Text& path) { return path.empty() || IsFolder(Resolve(path)); }
+bool DiskFiles::FolderExists(const Text& path) {
+  return path.empty() || (!NamesNoFile(path) && IsFolder(Resolve(path)));
+}
 
 FileStatus DiskFiles::Read(const Text& path, std::string& content) {
   if (NamesNoFile(path)) return FileStatus::IllegalName;

@@ -4,8 +4,9 @@
 
 /// Letter case is folded character by character and never changes a length; the locale has no part
 /// in it. Covered: the letters of Windows-1252 as that code page pairs them (so sharp s, micro sign
-/// and florin stay as they are), the rest of Latin, Greek, Cyrillic, Armenian and the full-width
-/// Latin letters. Every other character is its own upper case.
+/// and florin stay as they are), the other letters of Latin, Greek (also with the old accents),
+/// Cyrillic and Armenian, and the full-width Latin letters. Every other character is its own upper
+/// case.
 
 /// The capital letter of `unit`, or `unit` itself.
 char16_t ToUpper(char16_t unit);

@@ -7,6 +7,17 @@
 
 namespace {
 
+/// Where the first `extension`, letter case ignored, begins in `line`. Few card texts hold a dot at
+/// all, and looking for one is quick.
+std::size_t FindExtension(TextView line, TextView extension) {
+  std::size_t dot = line.find(u'.');
+  while (dot != TextView::npos &&
+         !EqualIgnoringCase(line.substr(dot, extension.size()), extension)) {
+    dot = line.find(u'.', dot + 1);
+  }
+  return dot;
+}
+
 /// `at` is where the extension (four characters) begins in `line`.
 Text TakeName(Text& line, std::size_t at, TextView folder, char16_t separator) {
   const std::size_t end = at + 4;
@@ -54,13 +65,13 @@ Text DecodeSideText(TextView text) {
 }
 
 Text TakeSoundName(Text& line, TextView folder, char16_t separator) {
-  const std::size_t at = FindIgnoringCase(line, u".wav");
+  const std::size_t at = FindExtension(line, u".wav");
   return at == Text::npos ? Text() : TakeName(line, at, folder, separator);
 }
 
 Text TakePictureName(Text& line, TextView folder, char16_t separator) {
   for (const TextView extension : {u".bmp", u".jpg", u".gif"}) {
-    const std::size_t at = FindIgnoringCase(line, extension);
+    const std::size_t at = FindExtension(line, extension);
     if (at != Text::npos) return TakeName(line, at, folder, separator);
   }
   return {};

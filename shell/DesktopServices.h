@@ -4,6 +4,7 @@
 #include "settings/ProfileFile.h"
 #include "shell/DesktopPrompts.h"
 #include "shell/Platform.h"
+#include "study/DesktopSound.h"
 
 /// Looks for the help file beside the program and in its data folder.
 class DesktopHelp : public HelpService {
@@ -33,6 +34,7 @@ class DesktopServices {
   DiskFiles m_files;
   ProfileFile m_profile;
   DesktopHelp m_help;
+  DesktopSound m_sound;
 
  public:
   Platform platform;

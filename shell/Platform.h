@@ -5,6 +5,7 @@
 #include "settings/ProfileFile.h"
 #include "shell/HelpContexts.h"
 #include "study/RandomSource.h"
+#include "study/SoundPlayer.h"
 
 #include <functional>
 #include <memory>
@@ -15,5 +16,6 @@ struct Platform {
   Files& files;
   ProfileFile& profile;
   HelpService& help;
+  SoundPlayer& sound;
   std::function<std::unique_ptr<RandomSource>()> makeRandom;  ///< one for each study window
 };

@@ -13,6 +13,15 @@ struct WindowSwitches {
   ::FileDialogMode FileDialogMode = ::FileDialogMode::Load;
   ::StudyMode StudyMode = ::StudyMode::Stepper;
   Text DefaultFolder;  ///< where the stack file dialog opens; the folder used last
+
+  bool PrintMode = false;        ///< frmPrint prints; otherwise it chooses a topic's display fonts
+  bool NewTopicMode = false;     ///< frmConfig and frmAddKey add a topic
+  bool ChangeTopicMode = false;  ///< frmConfig changes the topic of the stack being edited
+  Text NewTopicName;             ///< the topic being added; empty when none is
+
+  /// A character code 0..255 to be typed; -1 or -2 asks a picker for the front or the back side, and
+  /// a negative value left behind by a picker means that nothing was chosen.
+  Int16 KeyCodeToSend = -1;
 };
 
 /// The state that all windows share: values only. `main` owns it, windows take it by reference.

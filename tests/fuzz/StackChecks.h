@@ -81,7 +81,7 @@ inline bool SurvivesSaving(TextView text, TextView sound, TextView picture) {
   }
   for (const TextView name : {sound, picture}) {
     if (name.empty()) continue;
-    if (name.find_first_of(u"\r\n\\") != TextView::npos || name.rfind(u'/') != 5) return false;
+    if (name.find_first_of(u" \r\n\\") != TextView::npos || name.rfind(u'/') != 5) return false;
   }
   return true;
 }

@@ -29,6 +29,19 @@ class RecordingHelp : public HelpService {
   std::vector<HelpContext> contexts;
 };
 
+/// Remembers which sounds were to be played.
+class RecordingSound : public SoundPlayer {
+ public:
+  void Play(const Text& file) override {
+    played.push_back(file);
+    if (whilePlaying) whilePlaying();
+  }
+  void Stop() override { ++stops; }
+  std::vector<Text> played;
+  int stops = 0;
+  std::function<void()> whilePlaying;
+};
+
 /// A window test's world: the shared state, and doubles for everything outside.
 class WindowTest : public testing::Test {
  protected:
@@ -103,7 +116,8 @@ class WindowTest : public testing::Test {
   MemoryFiles files;
   ProfileFile profile{files, SettingsPath};
   RecordingHelp help;
+  RecordingSound sound;
   SharedState shared;
-  Platform platform{prompts, files, profile, help,
+  Platform platform{prompts, files, profile, help, sound,
                     [] { return std::make_unique<SeededRandom>(1); }};
 };

@@ -4,6 +4,8 @@
 #include "tests/support/TextPrinters.h"
 
 #include <gtest/gtest.h>
+#include <locale.h>  // NOLINT: newlocale is no part of <clocale>
+#include <wctype.h>  // NOLINT: towupper_l is no part of <cwctype>
 
 namespace {
 
@@ -55,8 +57,37 @@ TEST(UpperCase, KnowsTheOtherAlphabets) {
       {u"աբգև", u"ԱԲԳև"},
       {u"ạảấốệữơư", u"ẠẢẤỐỆỮƠƯ"},
       {u"ａｚ", u"ＡＺ"},
+      {u"əɓɗƙƴɔɛŋʉ", u"ƏƁƊƘƳƆƐŊɄ"},
+      {u"ǆǉǌ", u"ǄǇǊ"},
+      {u"ἀἐἠἰὀὑὠᾳῥὰ", u"ἈἘἨἸὈὙὨᾼῬᾺ"},
+      {u"ſϑ", u"SΘ"},
   };
   for (const auto& [small, capital] : Table) EXPECT_EQ(UpperCase(small), capital);
+}
+
+struct Block {
+  int first;
+  int last;
+};
+
+TEST(ToUpper, AgreesWithTheSystemsTableInEveryCoveredBlock) {
+  constexpr Block Blocks[] = {{0x0100, 0x02AF}, {0x0370, 0x03FF}, {0x0400, 0x052F},
+                              {0x0531, 0x0587}, {0x1E00, 0x1FFF}, {0xFF21, 0xFF5A}};
+  constexpr TextView Exceptions = u"\u0131\u0192";  // dotless i and florin: their own capitals
+  const locale_t unicode = ::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
+  ASSERT_NE(unicode, nullptr);
+  for (const auto& [first, last] : Blocks) {
+    for (int unit = first; unit <= last; ++unit) {
+      const auto letter = static_cast<char16_t>(unit);
+      if (Exceptions.find(letter) != TextView::npos) continue;
+      EXPECT_EQ(ToUpper(letter), ::towupper_l(static_cast<wint_t>(unit), unicode)) << unit;
+    }
+  }
+  ::freelocale(unicode);
+}
+
+TEST(ToUpper, DoesNotTakeADotlessIForAnOrdinaryOne) {
+  EXPECT_FALSE(EqualIgnoringCase(u"s\u0131r", u"sir"));
 }
 
 TEST(UpperCase, LeavesCapitalsAlone) {

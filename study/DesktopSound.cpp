@@ -1,0 +1,4 @@
+#include "study/DesktopSound.h"
+
+void DesktopSound::Play(const Text&) {}
+void DesktopSound::Stop() {}
