@@ -301,10 +301,12 @@ class FolderLock : public FileLock {
 
 }  // namespace
 
-bool DiskFiles::Exists(const Text& path) {
+Text DiskFiles::Find(const Text& path) {
+  if (path.empty() || NamesNoFile(path)) return {};
+  const std::string name = Resolve(path);
   struct stat info {};
-  return !path.empty() && !NamesNoFile(path) && ::stat(Resolve(path).c_str(), &info) == 0 &&
-         !S_ISDIR(info.st_mode);
+  if (::stat(name.c_str(), &info) != 0 || S_ISDIR(info.st_mode)) return {};
+  return DecodePath(name);
 }
 
 bool DiskFiles::FolderExists(const Text& path) {

@@ -11,7 +11,7 @@ class DiskFiles : public Files {
   /// @param safePlace  folder for copies made before a file is overwritten in place
   explicit DiskFiles(Text safePlace) : m_safePlace(std::move(safePlace)) {}
 
-  bool Exists(const Text& path) override;
+  Text Find(const Text& path) override;
   bool FolderExists(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;

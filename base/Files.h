@@ -46,8 +46,11 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// True for a file (no folder) that is there; an empty path names none.
-  virtual bool Exists(const Text& path) = 0;
+  /// The path under which a file (no folder) is there, which may differ from `path` in letter case
+  /// and separators; empty when there is none.
+  virtual Text Find(const Text& path) = 0;
+
+  bool Exists(const Text& path) { return !Find(path).empty(); }
 
   virtual bool FolderExists(const Text& path) = 0;
 

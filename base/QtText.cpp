@@ -10,4 +10,10 @@ QString ToShownText(TextView text) { return ToQString(ReplaceAll(text, LineBreak
 
 Text FromShownText(const QString& text) { return ReplaceAll(ToText(text), u"\n", LineBreak); }
 
+QString PlainToolTip(TextView text) {
+  if (text.empty()) return {};
+  return QStringLiteral("<div style='white-space:pre'>%1</div>")
+      .arg(ToShownText(text).toHtmlEscaped());
+}
+
 QString EscapeMnemonics(TextView text) { return ToQString(ReplaceAll(text, u"&", u"&&")); }

@@ -12,5 +12,8 @@ Text ToText(const QString& text);
 QString ToShownText(TextView text);
 Text FromShownText(const QString& text);
 
+/// For tool tips, which take a text that looks like markup for markup.
+QString PlainToolTip(TextView text);
+
 /// For menu items and buttons, which take a single "&" for a mnemonic.
 QString EscapeMnemonics(TextView text);

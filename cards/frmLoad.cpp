@@ -1,5 +1,6 @@
 #include "cards/frmLoad.h"
 
+#include "authoring/frmDesc.h"
 #include "base/Paths.h"
 #include "base/QtText.h"
 #include "cards/StackFileOperations.h"
@@ -205,6 +206,10 @@ FileStatus frmLoad::RunOperation(const Text& fileName) {
       return status;
     }
     case FileDialogMode::SaveNew:
+      m_shared.Switches.NewDescription = true;
+      frmDesc(m_shared, m_platform, this).ShowModal();
+      m_shared.Switches.NewDescription = false;
+      break;
     case FileDialogMode::SaveEdited:
       break;
   }

@@ -34,6 +34,19 @@ int FindTopic(const TopicList& topics, TextView name) {
   return -1;
 }
 
+Text CleanTopicName(TextView name) {
+  Text clean(name);
+  std::erase_if(clean, [](char16_t unit) {
+    const bool control = unit < u' ' || (unit >= 0x7F && unit < 0xA0);
+    return control || unit == u'[' || unit == u']';
+  });
+  return Text(TrimBlanks(CutText(TrimBlanks(clean), MaxTopicName)));
+}
+
+bool IsTakenTopicName(const TopicList& topics, TextView name) {
+  return FindTopic(topics, name) >= 0 || EqualIgnoringCase(name, TopicsSection);
+}
+
 void DeleteTopic(TopicList& topics, ProfileFile& profile, int index) {
   if (index < 0 || index > topics.TopicCount) return;
   const Text name = topics.Names[static_cast<std::size_t>(index)];

@@ -41,6 +41,14 @@ int DefaultTopic(const TopicList& topics, const ProfileFile& profile);
 /// -1.
 int FindTopic(const TopicList& topics, TextView name);
 
+/// A proposed or typed name as it can be stored: brackets and control characters, which would break
+/// the line of its section, left out; blanks at both ends cut; at most MaxTopicName characters.
+Text CleanTopicName(TextView name);
+
+/// True for a name that no new topic may have: one that exists, or that of the topic list's own
+/// section (letter case ignored), which a deletion would take with it.
+bool IsTakenTopicName(const TopicList& topics, TextView name);
+
 /// Deletes a topic with its section; the later ones close up, keeping their order. CurrentTopic and
 /// the topic numbers of stacks are the caller's affair.
 void DeleteTopic(TopicList& topics, ProfileFile& profile, int index);

@@ -32,8 +32,8 @@ DesktopServices::DesktopServices()
     : m_files(UserFolder(QStandardPaths::GenericDataLocation) + u"/rescue"),
       m_profile(m_files, SettingsPath(m_files)),
       m_help(m_prompts, WithSeparator(ProgramFolder()).append(HelpFileName)),
-      platform{m_prompts, m_files, m_profile, m_help, m_sound,
-               [] { return std::make_unique<ClockRandom>(); }} {}
+      platform{m_prompts, m_files, m_profile,
+               m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); }} {}
 
 Text DesktopServices::DefaultFolder() {
   const QString program = QCoreApplication::applicationDirPath();

@@ -1,6 +1,7 @@
 #include "shell/Form.h"
 
 #include "base/QtText.h"
+#include "settings/frmConfig.h"
 #include "shell/Icons.h"
 #include "shell/Pointer.h"
 
@@ -70,7 +71,10 @@ void Form::SetOkButton(QPushButton* button) {
 
 TopicCheck Form::FileTopicCheck() {
   return [this](const Text& name) {
-    return ResolveFileTopic(name, m_shared.Topics, m_platform.prompts, AddTopic());
+    return ResolveFileTopic(name, m_shared.Topics, m_platform.prompts,
+                            [this](const Text& proposed) {
+                              frmConfig::ShowToAdd(m_shared, m_platform, this, proposed);
+                            });
   };
 }
 

@@ -1,10 +1,16 @@
 #include "shell/frmMain.h"
 
+#include "authoring/frmCreate.h"
+#include "authoring/frmEdit.h"
+#include "authoring/frmFind.h"
 #include "base/QtText.h"
 #include "base/Version.h"
 #include "cards/StackFileOperations.h"
 #include "cards/frmLoad.h"
+#include "keys/frmAddKey.h"
+#include "printing/frmPrint.h"
 #include "settings/DisplayFont.h"
+#include "settings/frmConfig.h"
 #include "shell/CommandLine.h"
 #include "shell/Icons.h"
 #include "shell/Pointer.h"
@@ -26,7 +32,6 @@
 namespace {
 
 constexpr int RibbonIconSize = 28;
-constexpr int FewestChooserCards = 4;
 
 QFrame* Separator(QWidget* owner) {
   auto* const line = new QFrame(owner);
@@ -113,6 +118,9 @@ void frmMain::MakeFileMenu() {
   m_load.item->setShortcut(QKeySequence::Open);
   mnuQuit->setShortcut(QKeySequence::Quit);
   connect(m_load.item, &QAction::triggered, this, &frmMain::mnuLoad_Click);
+  connect(m_create.item, &QAction::triggered, this, &frmMain::mnuCreate_Click);
+  connect(m_edit.item, &QAction::triggered, this, &frmMain::mnuEdit_Click);
+  connect(m_print.item, &QAction::triggered, this, &frmMain::mnuPrint_Click);
   connect(m_remove.item, &QAction::triggered, this, &frmMain::mnuRemove_Click);
   connect(mnuDel, &QAction::triggered, this, &frmMain::mnuDel_Click);
   connect(mnuQuit, &QAction::triggered, this, &frmMain::mnuQuit_Click);
@@ -152,9 +160,13 @@ void frmMain::MakeTopicMenu() {
       AddItem(mnuTopics, QStringLiteral("mnuChangeTopic"), QStringLiteral("&Change Keys..."));
   mnuDeleteTopic =
       AddItem(mnuTopics, QStringLiteral("mnuDeleteTopic"), QStringLiteral("&Delete Topic..."));
+  connect(mnuAddTopic, &QAction::triggered, this, &frmMain::mnuAddTopic_Click);
+  connect(mnuChangeTopic, &QAction::triggered, this, &frmMain::mnuChangeTopic_Click);
+  connect(mnuDeleteTopic, &QAction::triggered, this, &frmMain::mnuDeleteTopic_Click);
   mnuTopics->addSeparator();
   mnuChangeFont = AddItem(mnuTopics, QStringLiteral("mnuChangeFont"),
                           QStringLiteral("Change Display &Font..."));
+  connect(mnuChangeFont, &QAction::triggered, this, &frmMain::mnuChangeFont_Click);
 }
 
 void frmMain::MakeHelpMenu() {
@@ -269,6 +281,7 @@ void frmMain::FillTopics() {
     item->setCheckable(true);
     item->setData(i);
     mnuTopics->insertAction(m_topicSeparator, item);
+    item->setChecked(i == m_shared.Topics.CurrentTopic);
     mnuTopicName.push_back(item);
     connect(item, &QAction::triggered, this, [this, i] { mnuTopicName_Click(i); });
   }
@@ -302,14 +315,10 @@ void frmMain::ShowStackInfo() {
 // The Chooser's item and button follow no rule: they can always be pressed. Meant so.
 void frmMain::EnableCommands() {
   const bool loaded = cboStacks->currentText() != ToQString(NoStackName);
-  for (const Command& command : {m_remove, m_run[0], m_run[1]}) command.SetEnabled(loaded);
-  // Their windows are not there yet.
-  for (const Command& command : {m_create, m_edit, m_print, m_run[2], m_run[3]}) {
-    command.SetEnabled(false);
+  for (const Command& command : {m_edit, m_print, m_remove, m_run[0], m_run[1], m_run[2]}) {
+    command.SetEnabled(loaded);
   }
-  for (QAction* const item : {mnuChangeFont, mnuAddTopic, mnuChangeTopic, mnuDeleteTopic}) {
-    item->setEnabled(false);
-  }
+  mnuChangeTopic->setEnabled(m_shared.Topics.CurrentTopic != 0);
   ShowStackInfo();
 }
 
@@ -341,6 +350,7 @@ void frmMain::mnuLoad_Click() {
   const int before = m_shared.Stacks.StackCount;
   frmLoad(m_shared, m_platform, this).ShowModal();
   if (m_shared.Stacks.StackCount <= before) return;
+  FillTopics();  // the stack's topic may have been added
   FillStacks();
   m_shared.Topics.CurrentTopic = -1;  // so that the stack's topic is selected whichever it is
   SelectStack(m_shared.Stacks.StackCount);
@@ -379,7 +389,74 @@ void frmMain::mnuTopicName_Click(int index) {
     item->setChecked(item->data().toInt() == m_shared.Topics.CurrentTopic);
   }
   ShowFonts();
-  ShowStackInfo();
+  EnableCommands();
+}
+
+void frmMain::RefreshTopics() {
+  LoadTopicList(m_shared.Topics, m_platform.profile);
+  FillTopics();
+  mnuTopicName_Click(m_shared.Topics.CurrentTopic);
+}
+
+void frmMain::mnuCreate_Click() {
+  const BusyPointer busy;
+  const int before = m_shared.Stacks.StackCount;
+  m_shared.Switches.AddCardsMode = false;
+  frmCreate(m_shared, m_platform, this).ShowModal();
+  const int count = m_shared.Stacks.StackCount;
+  if (count > before) FillStacks();
+  // Dropping the new stack has selected the last one. Without any other the list still shows
+  // "None".
+  if (count >= 0) SelectStack(count);
+}
+
+void frmMain::mnuEdit_Click() {
+  const BusyPointer busy;
+  if (m_find == nullptr) m_find = new frmFind(m_shared, m_platform, this);
+  const int index = m_shared.Stacks.CurrentStack;
+  frmEdit(m_shared, m_platform, this, *m_find).ShowModal();
+  cboStacks->setItemText(index, ToQString(TrimRight(m_shared.Stacks.At(index).StackName)));
+  RefreshTopics();
+}
+
+void frmMain::mnuPrint_Click() {
+  const BusyPointer busy;
+  m_shared.Switches.PrintMode = true;
+  frmPrint(m_shared, m_platform, this).ShowModal();
+  m_shared.Switches.PrintMode = false;
+}
+
+void frmMain::mnuChangeFont_Click() {
+  const BusyPointer busy;
+  m_shared.Switches.PrintMode = false;
+  m_shared.Switches.NewTopicName.clear();
+  frmPrint(m_shared, m_platform, this).ShowModal();
+  ShowFonts();
+}
+
+void frmMain::mnuAddTopic_Click() {
+  if (m_shared.Topics.TopicCount >= MaxTopics) {
+    m_platform.prompts.Show(TooManyTopicsPrompt());
+    return;
+  }
+  frmConfig::ShowToAdd(m_shared, m_platform, this, Text());
+  RefreshTopics();
+}
+
+void frmMain::mnuChangeTopic_Click() {
+  const BusyPointer busy;
+  frmAddKey(m_shared, m_platform, this).ShowModal();
+}
+
+void frmMain::mnuDeleteTopic_Click() {
+  if (m_shared.Topics.TopicCount < 1) {
+    m_platform.prompts.Show({.text = u"Nothing to Delete.", .icon = PromptIcon::Information});
+    return;
+  }
+  frmConfig::ShowToDelete(m_shared, m_platform, this, [this](const Text& topicName) {
+    m_studyWindows.TopicDeleted(topicName);
+  });
+  RefreshTopics();
 }
 
 void frmMain::mnuAbout_Click() {

@@ -13,6 +13,7 @@ class QComboBox;
 class QFrame;
 class QLabel;
 class QToolButton;
+class frmFind;
 
 /// The hub: the loaded stacks, the topics, and a command for every other window.
 class frmMain : public Form {
@@ -62,10 +63,20 @@ class frmMain : public Form {
   void mnuRemove_Click();
   void mnuRunItem_Click(int index);
   void mnuTopicName_Click(int index);
+  void mnuCreate_Click();
+  void mnuEdit_Click();
+  void mnuPrint_Click();
+  void mnuChangeFont_Click();
+  void mnuAddTopic_Click();
+  void mnuChangeTopic_Click();
+  void mnuDeleteTopic_Click();
+  /// Reads the topics anew and selects the current one as by its menu item.
+  void RefreshTopics();
   void mnuAbout_Click();
   void mnuQuit_Click() { Unload(); }
 
   StudyWindows m_studyWindows;
+  frmFind* m_find = nullptr;  // made for the first search, then only hidden
   QPointer<QWidget> m_splash;
 
   QMenuBar* m_menuBar = nullptr;

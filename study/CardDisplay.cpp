@@ -1,5 +1,7 @@
 #include "study/CardDisplay.h"
 
+#include "study/Speller.h"
+
 #include <utility>
 
 namespace {
@@ -9,6 +11,19 @@ bool IsThere(const CardStack& stack, int card) { return card >= 1 && card <= sta
 void LoadPicture(CardDisplay& display, const TimerSettings& settings, const MediaLookup& find) {
   if (settings.NoPicture) return;
   if (Text file = find(display.questionPicture); !file.empty()) display.picture = std::move(file);
+}
+
+void ShowQuestionSide(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                      const TimerSettings& settings, const MediaLookup& find, bool withWord) {
+  const int card = session.currentCard;
+  const int side = session.firstSide;
+  const bool there = IsThere(stack, card);
+  display.mark = Mark::None;
+  display.questionPicture = there ? stack.SidePicture(card, side) : Text();
+  LoadPicture(display, settings, find);
+  if (withWord) display.questionLine = WrapForDisplay(ShownSideText(stack, card, side));
+  display.questionSound = there ? stack.SideSound(card, side) : Text();
+  display.questionSoundEnabled = !display.questionSound.empty();
 }
 
 }  // namespace
@@ -21,16 +36,34 @@ void ClearCard(CardDisplay& display) { display = CardDisplay(); }
 
 void ShowQuestion(CardDisplay& display, const StudySession& session, const CardStack& stack,
                   const TimerSettings& settings, const MediaLookup& find) {
-  const int card = session.currentCard;
-  const int side = session.firstSide;
-  const bool there = IsThere(stack, card);
-  display.questionPicture = there ? stack.SidePicture(card, side) : Text();
-  LoadPicture(display, settings, find);
-  if (!settings.HideWord) {
-    display.questionLine = WrapForDisplay(ShownSideText(stack, card, side));
+  ShowQuestionSide(display, session, stack, settings, find, !settings.HideWord);
+}
+
+void ShowQuestionAgain(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                       const TimerSettings& settings, const MediaLookup& find) {
+  ShowQuestionSide(display, session, stack, settings, find, true);
+}
+
+void ShowSpelling(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                  bool right) {
+  display.correctAnswer =
+      CorrectAnswer(ShownSideText(stack, session.currentCard, session.AnswerSide()));
+  display.answerLine = display.correctAnswer;
+  display.mark = right ? Mark::Right : Mark::Wrong;
+}
+
+void ShowChoices(CardDisplay& display, const StudySession& session, const CardStack& stack) {
+  for (std::size_t i = 0; i < ChoiceCount; ++i) {
+    display.choiceTexts[i] = ShownSideText(stack, session.choices[i], session.AnswerSide());
   }
-  display.questionSound = there ? stack.SideSound(card, side) : Text();
-  display.questionSoundEnabled = !display.questionSound.empty();
+  display.choiceEnabled.fill(true);
+}
+
+void ShowChoiceMade(CardDisplay& display, const StudySession& session, bool right) {
+  for (std::size_t i = 0; i < ChoiceCount; ++i) {
+    display.choiceEnabled[i] = session.choices[i] == session.currentCard;
+  }
+  display.mark = right ? Mark::Right : Mark::Wrong;
 }
 
 void ShowAnswer(CardDisplay& display, const StudySession& session, const CardStack& stack) {

@@ -3,7 +3,11 @@
 #include "base/Text.h"
 #include "study/StudySession.h"
 
+#include <array>
 #include <functional>
+
+/// The verdict that is showing.
+enum class Mark { None, Right, Wrong };
 
 /// What a study window shows of the current card. The window renders it and never reads it back.
 struct CardDisplay {
@@ -16,6 +20,11 @@ struct CardDisplay {
   Text picture;  ///< the file in the picture box; empty when it is clear
   bool questionSoundEnabled = false;
   bool answerSoundEnabled = false;
+
+  Mark mark = Mark::None;
+  Text correctAnswer;                         ///< Speller: shown after the check, unwrapped
+  std::array<Text, ChoiceCount> choiceTexts;  ///< Chooser, unwrapped
+  std::array<bool, ChoiceCount> choiceEnabled{};
 };
 
 /// Looks a card's media name up: the path of a file that is there, or an empty text.
@@ -31,6 +40,21 @@ void ClearCard(CardDisplay& display);
 /// the file is there and pictures are wanted; its sound is to be played when it has one.
 void ShowQuestion(CardDisplay& display, const StudySession& session, const CardStack& stack,
                   const TimerSettings& settings, const MediaLookup& find);
+
+/// Shows the question again after a choice, when it was blanked or hidden: its text always, picture
+/// and sound by their own switches. The choices stay.
+void ShowQuestionAgain(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                       const TimerSettings& settings, const MediaLookup& find);
+
+/// Speller: shows the correct answer, as it is written on the card, and the verdict.
+void ShowSpelling(CardDisplay& display, const StudySession& session, const CardStack& stack,
+                  bool right);
+
+/// Chooser: offers the answer sides of the session's choices.
+void ShowChoices(CardDisplay& display, const StudySession& session, const CardStack& stack);
+
+/// Chooser: greys out every choice but the right one, wherever it stands, and shows the verdict.
+void ShowChoiceMade(CardDisplay& display, const StudySession& session, bool right);
 
 /// Shows both texts; the picture box keeps the question's picture. The answer's sound is to be
 /// played when it has one.

@@ -9,8 +9,8 @@ int DrawBelow(int count, RandomSource& random) {
   return static_cast<int>(std::floor(random.Next() * count));
 }
 
-/// Index of the first entry equal to `value`, or 0 when there is none. A match in place 0 gives 0 as
-/// well, so that entry counts as absent and is offered again. Meant so.
+/// Index of the first entry equal to `value`, or 0 when there is none. A match in place 0 gives 0
+/// as well, so that entry counts as absent and is offered again. Meant so.
 std::ptrdiff_t IndexInArray(const Choices& choices, int value) {
   const auto* const found = std::find(choices.begin(), choices.end(), value);
   return found == choices.end() ? 0 : found - choices.begin();

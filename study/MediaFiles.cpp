@@ -8,7 +8,7 @@ Text FindMedia(Files& files, const Text& name, TextView folder) {
   if (name.empty()) return {};
   const bool bare = std::none_of(name.begin(), name.end(), IsSeparator);
   if (bare) {
-    if (Text beside = WithSeparator(folder) + name; files.Exists(beside)) return beside;
+    if (Text beside = files.Find(WithSeparator(folder) + name); !beside.empty()) return beside;
   }
-  return files.Exists(name) ? name : Text();
+  return files.Find(name);
 }

@@ -12,6 +12,7 @@ class SoundPlayer {
   /// returns at once, silently.
   virtual void Play(const Text& file) = 0;
 
-  /// Ends a sound that is playing, so that Play returns. Called when the window that plays it closes.
+  /// Ends a sound that is playing, so that Play returns. Called when the window that plays it
+  /// closes.
   virtual void Stop() = 0;
 };

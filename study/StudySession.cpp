@@ -50,6 +50,10 @@ void Start(StudySession& session, StudyMode mode, TimerSettings& settings) {
   session.firstSide = Front;
   session.redoPending = false;
   session.answerShown = true;
+  session.choices.fill(0);
+  session.awaitingChoice = mode == StudyMode::Chooser;
+  session.right = 0;
+  session.wrong = 0;
 }
 
 StepPhase Step(StudySession& session, const CardStack& stack, RandomSource& random) {
@@ -66,6 +70,11 @@ StepPhase Step(StudySession& session, const CardStack& stack, RandomSource& rand
   } while (session.used.at(static_cast<std::size_t>(session.currentCard)));
   session.used.at(static_cast<std::size_t>(session.currentCard)) = true;
   ++session.cardsDone;
+  if (session.mode == StudyMode::Chooser) {
+    session.awaitingChoice = true;
+    session.choices = BuildChoices(session.currentCard, count, random);
+    session.answerShown = true;
+  }
   return StepPhase::Question;
 }
 
@@ -75,12 +84,26 @@ void Redo(StudySession& session) {
   if (session.cardsDone > 0) session.redoPending = true;
 }
 
+void CountAnswer(StudySession& session, bool right) { ++(right ? session.right : session.wrong); }
+
+std::optional<bool> Choose(StudySession& session, int index) {
+  if (!session.awaitingChoice) return std::nullopt;
+  session.awaitingChoice = false;
+  const bool right = session.choices.at(static_cast<std::size_t>(index)) == session.currentCard;
+  CountAnswer(session, right);
+  return right;
+}
+
 void Restart(StudySession& session) {
   session.cardsDone = 0;
   session.used.fill(false);
   session.firstSide = Front;
   session.redoPending = false;  // the card it was meant for belongs to the pass that is over
   session.answerShown = true;
+  session.awaitingChoice = false;
+  if (session.mode == StudyMode::Stepper) return;
+  session.right = 0;
+  session.wrong = 0;
 }
 
 void SetFirstSide(StudySession& session, int side) { session.firstSide = side; }

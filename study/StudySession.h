@@ -3,10 +3,12 @@
 #include "base/Int16.h"
 #include "base/Text.h"
 #include "cards/CardStack.h"
+#include "study/Chooser.h"
 #include "study/RandomSource.h"
 #include "study/TimerSettings.h"
 
 #include <array>
+#include <optional>
 
 enum class StudyMode : std::int16_t { Stepper = 0, Quibber = 1, Speller = 2, Chooser = 3 };
 
@@ -29,6 +31,12 @@ struct StudySession {
   std::array<bool, MaxCards + 1> used{};  ///< cards drawn in this pass; index 0 is never used
   Int16 currentCard = 0;                  ///< 1..count; 0 before the first draw
 
+  Choices choices{};            ///< Chooser: the card numbers offered
+  bool awaitingChoice = false;  ///< Chooser: from the question until a choice is made
+
+  Int16 right = 0;  ///< answers judged right in this pass, a redone card's every time
+  Int16 wrong = 0;
+
   int AnswerSide() const { return 1 - firstSide; }
 };
 
@@ -44,13 +52,23 @@ enum class StepPhase {
 /// clear `settings.HideWord` for the whole program.
 void Start(StudySession& session, StudyMode mode, TimerSettings& settings);
 
-/// The action behind Next. Cards are drawn by trying numbers until a free one comes up.
+/// The action behind Next. Cards are drawn by trying numbers until a free one comes up. The Chooser
+/// builds its choices and needs no second step: the one after a question draws again.
 StepPhase Step(StudySession& session, const CardStack& stack, RandomSource& random);
 
 /// Asks the current card again in this pass. Without effect before the first card of a pass.
 void Redo(StudySession& session);
 
-/// A new pass over the same stack; Front is asked first again.
+/// Counts a judged answer.
+void CountAnswer(StudySession& session, bool right);
+
+/// A choice of the Chooser.
+/// @param index  0..3
+/// @return whether it is the right one; nothing when no choice is awaited, and then nothing is
+/// counted
+std::optional<bool> Choose(StudySession& session, int index);
+
+/// A new pass over the same stack; Front is asked first again. Speller and Chooser count from 0.
 void Restart(StudySession& session);
 
 void SetFirstSide(StudySession& session, int side);

@@ -31,6 +31,12 @@ void StudyWindows::StackRemoved(int stackIndex) {
   }
 }
 
+void StudyWindows::TopicDeleted(const Text& topicName) {
+  for (frmStepper* const window : std::vector(m_windows)) {
+    if (window != nullptr && window->TopicName() == topicName) window->Unload();
+  }
+}
+
 void StudyWindows::Remove(int instanceNumber) {
   m_windows.at(static_cast<std::size_t>(instanceNumber)) = nullptr;
 }

@@ -24,6 +24,9 @@ class StudyWindows {
   /// A stack leaves the list: its windows close, and those of later stacks follow their stack.
   void StackRemoved(int stackIndex);
 
+  /// A topic was deleted: the windows that show it close. Names differ by letter case too.
+  void TopicDeleted(const Text& topicName);
+
   /// Called by a window that closes.
   void Remove(int instanceNumber);
 

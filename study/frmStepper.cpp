@@ -1,15 +1,20 @@
 #include "study/frmStepper.h"
 
 #include "base/QtText.h"
+#include "keys/CardField.h"
+#include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
 #include "shell/Icons.h"
-#include "shell/Pointer.h"
+#include "study/ChooserPanel.h"
 #include "study/MediaFiles.h"
 #include "study/PictureBox.h"
+#include "study/Speller.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
@@ -18,6 +23,8 @@
 #include <QToolButton>
 
 namespace {
+
+constexpr int MarkSize = 32;
 
 /// A card text breaks where the card says and nowhere else, so a long line scrolls.
 QScrollArea* Scrolling(QLabel* label, QWidget* owner) {
@@ -46,42 +53,113 @@ frmStepper::frmStepper(SharedState& shared, Platform& platform, StudyWindows& wi
                        int instanceNumber)
     : Form("frmStepper", shared, platform, nullptr),
       m_windows(windows),
+      m_topicName(shared.Topics.Name(shared.Topics.CurrentTopic)),
       m_topic(shared.Topic),
-      m_random(platform.makeRandom()),
-      sspTop(Add<QFrame>(QStringLiteral("sspTop"))),
-      lblTop(Add<QLabel>(QStringLiteral("lblTop"))),
-      lblBottom(Add<QLabel>(QStringLiteral("lblBottom"))),
-      picTop(Add<PictureBox>(QStringLiteral("picTop"))),
-      lblCardCount(Add<QLabel>(QStringLiteral("lblCardCount"))),
-      ssoFront(Add<QRadioButton>(QStringLiteral("ssoFront"), QStringLiteral("&Front"))),
-      ssoBack(Add<QRadioButton>(QStringLiteral("ssoBack"), QStringLiteral("&Back"))),
-      ssrSound{Add<QToolButton>(QStringLiteral("ssrSound(0)")),
-               Add<QToolButton>(QStringLiteral("ssrSound(1)"))},
-      cmdNext(Add<QPushButton>(QStringLiteral("cmdNext"), QStringLiteral("&Next"))),
-      cmdRedo(Add<QPushButton>(QStringLiteral("cmdRedo"), QStringLiteral("&Redo"))),
-      cmdQuit(Add<QPushButton>(QStringLiteral("cmdQuit"), QStringLiteral("&Quit"))),
-      tmrTimer(new QTimer(this)) {
+      m_random(platform.makeRandom()) {
   setWindowFlags(Qt::Window);
   setAttribute(Qt::WA_DeleteOnClose);
-  tmrTimer->setObjectName(QStringLiteral("tmrTimer"));
   m_session.instanceNumber = instanceNumber;
   m_session.stackIndex = shared.Stacks.CurrentStack;
+  Start(m_session, shared.Switches.StudyMode, shared.Timer);
+  MakeControls();
   LayOut();
-  AddHelp(AddMenuBar(), HelpContext::Stepper);
   connect(cmdNext, &QPushButton::clicked, this, &frmStepper::cmdNext_Click);
   connect(cmdRedo, &QPushButton::clicked, this, &frmStepper::cmdRedo_Click);
   connect(cmdQuit, &QPushButton::clicked, this, &frmStepper::cmdQuit_Click);
   connect(ssoFront, &QRadioButton::clicked, this, [this] { SideOption_Click(Front); });
   connect(ssoBack, &QRadioButton::clicked, this, [this] { SideOption_Click(Back); });
+  connect(ssrSound[0], &QToolButton::clicked, this, [this] { ssrSound_Click(0); });
+  connect(ssrSound[1], &QToolButton::clicked, this, [this] { ssrSound_Click(1); });
+  connect(m_chooser, &ChooserPanel::Chosen, this, &frmStepper::optChoice_Click);
   connect(tmrTimer, &QTimer::timeout, this, &frmStepper::tmrTimer_Timer);
   Form_Load();
 }
 
+void frmStepper::MakeControls() {
+  sspTop = Add<QFrame>(QStringLiteral("sspTop"));
+  lblTop = Add<QLabel>(QStringLiteral("lblTop"));
+  lblBottom = Add<QLabel>(QStringLiteral("lblBottom"));
+  picTop = Add<PictureBox>(QStringLiteral("picTop"));
+  lblCardCount = Add<QLabel>(QStringLiteral("lblCardCount"));
+  lblRight = Add<QLabel>(QStringLiteral("lblRight"));
+  lblWrong = Add<QLabel>(QStringLiteral("lblWrong"));
+  imgPicture = {Add<QLabel>(QStringLiteral("imgPicture(4)")),
+                Add<QLabel>(QStringLiteral("imgPicture(5)"))};
+  ssoFront = Add<QRadioButton>(QStringLiteral("ssoFront"), QStringLiteral("&Front"));
+  ssoBack = Add<QRadioButton>(QStringLiteral("ssoBack"), QStringLiteral("&Back"));
+  ssrSound = {Add<QToolButton>(QStringLiteral("ssrSound(0)")),
+              Add<QToolButton>(QStringLiteral("ssrSound(1)"))};
+  txtSpell = Add<QLineEdit>(QStringLiteral("txtSpell"));
+  lblSpellAnswer = Add<QLabel>(QStringLiteral("lblSpellAnswer"));
+  m_chooser = new ChooserPanel(this);
+  // The Speller's captions have no mnemonics: Alt types letters there.
+  const bool plain = IsSpeller();
+  cmdNext = Add<QPushButton>(QStringLiteral("cmdNext"),
+                             plain ? QStringLiteral("Next") : QStringLiteral("&Next"));
+  cmdRedo = Add<QPushButton>(QStringLiteral("cmdRedo"),
+                             plain ? QStringLiteral("Redo") : QStringLiteral("&Redo"));
+  cmdQuit = Add<QPushButton>(QStringLiteral("cmdQuit"),
+                             plain ? QStringLiteral("Quit") : QStringLiteral("&Quit"));
+  tmrTimer = new QTimer(this);
+  tmrTimer->setObjectName(QStringLiteral("tmrTimer"));
+}
+
 void frmStepper::LayOut() {
+  LayOutCard();
+  const std::array<QString, 2> tips = {QStringLiteral("Play the question's sound"),
+                                       QStringLiteral("Play the answer's sound")};
+  for (std::size_t i = 0; i < ssrSound.size(); ++i) {
+    ssrSound[i]->setIcon(TintedIcon("sound"));
+    ssrSound[i]->setIconSize(QSize(20, 20));
+    ssrSound[i]->setToolTip(tips[i]);
+    ssrSound[i]->setAccessibleName(tips[i]);
+  }
+  auto* const lblSide = Add<QLabel>(QStringLiteral("lblSide"), QStringLiteral("Ask first:"));
+  lblCardCount->setToolTip(QStringLiteral("Cards drawn and cards in the stack"));
+  auto* const head = new QHBoxLayout;
+  head->addWidget(lblSide);
+  head->addWidget(ssoFront);
+  head->addWidget(ssoBack);
+  head->addStretch();
+  head->addWidget(ssrSound[0]);
+  head->addWidget(ssrSound[1]);
+  head->addSpacing(12);
+  head->addWidget(lblCardCount);
+  auto* const foot = new QHBoxLayout;
+  foot->addWidget(MakeScoreRow());
+  foot->addStretch();
+  foot->addWidget(cmdNext);
+  foot->addWidget(cmdRedo);
+  foot->addWidget(cmdQuit);
+  auto* const column = new QVBoxLayout(this);
+  column->setContentsMargins(12, 12, 12, 12);
+  column->setSpacing(10);
+  column->addLayout(head);
+  column->addWidget(sspTop, 1);
+  column->addWidget(MakeSpellerRow());
+  column->addWidget(m_chooser);
+  column->addLayout(foot);
+  m_chooser->setVisible(IsChooser());
+
+  QMenuBar* const bar = AddMenuBar();
+  if (IsSpeller()) {
+    auto* const field = new CardField(txtSpell, m_topic.Keys);
+    m_keyMenus = new KeyMenus(bar, KeyMenuStyle::StudyWindow, m_topic, m_shared, m_platform);
+    m_keyMenus->AddField(field);
+    connect(field, &CardField::GotFocus, this, &frmStepper::txtSpell_GotFocus);
+    connect(field, &CardField::LostFocus, this, &frmStepper::txtSpell_LostFocus);
+  }
+  AddHelp(bar, HelpContext::Stepper);
+  SetTabOrder({txtSpell, m_chooser->FirstOption(), cmdNext, cmdRedo, cmdQuit, ssoFront, ssoBack,
+               ssrSound[0], ssrSound[1]});
+}
+
+void frmStepper::LayOutCard() {
   sspTop->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   sspTop->setBackgroundRole(QPalette::Base);
   sspTop->setAutoFillBackground(true);
-  sspTop->setMinimumSize(420, 220);
+  sspTop->setMinimumSize(420, 200);
+  sspTop->setFocusPolicy(Qt::ClickFocus);
   for (QLabel* const line : {lblTop, lblBottom}) {
     line->setBackgroundRole(QPalette::Base);
     line->setForegroundRole(QPalette::Text);
@@ -97,49 +175,63 @@ void frmStepper::LayOut() {
   card->addWidget(picTop, 3);
   card->addWidget(middle);
   card->addWidget(Scrolling(lblBottom, sspTop), 2);
+}
 
-  const std::array<QString, 2> tips = {QStringLiteral("Play the question's sound"),
-                                       QStringLiteral("Play the answer's sound")};
-  for (std::size_t i = 0; i < ssrSound.size(); ++i) {
-    ssrSound[i]->setIcon(TintedIcon("sound"));
-    ssrSound[i]->setIconSize(QSize(20, 20));
-    ssrSound[i]->setToolTip(tips[i]);
-    ssrSound[i]->setAccessibleName(tips[i]);
-    ssrSound[i]->setEnabled(false);
+QWidget* frmStepper::MakeSpellerRow() {
+  auto* const row = new QWidget(this);
+  auto* const lblSpell = Add<QLabel>(QStringLiteral("lblSpell"), QStringLiteral("Your answer:"));
+  auto* const lblCorrect =
+      Add<QLabel>(QStringLiteral("lblCorrect"), QStringLiteral("Correct answer:"));
+  txtSpell->setAccessibleName(lblSpell->text());
+  lblSpellAnswer->setAccessibleName(lblCorrect->text());
+  lblSpellAnswer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  auto* const grid = new QGridLayout(row);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setColumnStretch(1, 1);
+  grid->addWidget(lblSpell, 0, 0);
+  grid->addWidget(txtSpell, 0, 1);
+  grid->addWidget(lblCorrect, 1, 0);
+  grid->addWidget(lblSpellAnswer, 1, 1);
+  row->setVisible(IsSpeller());
+  return row;
+}
+
+QWidget* frmStepper::MakeScoreRow() {
+  auto* const row = new QWidget(this);
+  auto* const line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  const auto addCounter = [&](const QString& caption, QLabel* counter) {
+    line->addWidget(new QLabel(caption, row));
+    line->addWidget(counter);
+    line->addSpacing(12);
+    counter->setAccessibleName(caption);
+  };
+  addCounter(QStringLiteral("Right:"), lblRight);
+  addCounter(QStringLiteral("Wrong:"), lblWrong);
+  const std::array<const char*, 2> icons = {"right", "wrong"};
+  const std::array<QString, 2> names = {QStringLiteral("Right"), QStringLiteral("Wrong")};
+  auto* const marks = new QWidget(row);
+  marks->setFixedSize(MarkSize, MarkSize);
+  for (std::size_t i = 0; i < imgPicture.size(); ++i) {
+    imgPicture[i]->setParent(marks);
+    imgPicture[i]->setPixmap(
+        TintedIcon(icons[i]).pixmap(QSize(MarkSize, MarkSize), devicePixelRatioF()));
+    imgPicture[i]->setAccessibleName(names[i]);
+    imgPicture[i]->setToolTip(names[i]);
+    imgPicture[i]->hide();
   }
-  auto* const lblSide = Add<QLabel>(QStringLiteral("lblSide"), QStringLiteral("Ask first:"));
-  lblCardCount->setToolTip(QStringLiteral("Cards drawn and cards in the stack"));
-  auto* const head = new QHBoxLayout;
-  head->addWidget(lblSide);
-  head->addWidget(ssoFront);
-  head->addWidget(ssoBack);
-  head->addStretch();
-  head->addWidget(ssrSound[0]);
-  head->addWidget(ssrSound[1]);
-  head->addSpacing(12);
-  head->addWidget(lblCardCount);
-  auto* const buttons = new QHBoxLayout;
-  buttons->addStretch();
-  buttons->addWidget(cmdNext);
-  buttons->addWidget(cmdRedo);
-  buttons->addWidget(cmdQuit);
-  auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(12, 12, 12, 12);
-  column->setSpacing(10);
-  column->addLayout(head);
-  column->addWidget(sspTop, 1);
-  column->addLayout(buttons);
-  SetTabOrder({cmdNext, cmdRedo, cmdQuit, ssoFront, ssoBack, ssrSound[0], ssrSound[1]});
+  line->addWidget(marks);
+  row->setVisible(IsSpeller() || IsChooser());
+  return row;
 }
 
 void frmStepper::Form_Load() {
   const StudyMode chosen = m_shared.Switches.StudyMode;
-  Start(m_session, chosen, m_shared.Timer);
   setWindowTitle(ToQString(
       StudyTitle(chosen, Stack().StackName, m_shared.Topics.Name(m_shared.Topics.CurrentTopic))));
   tmrTimer->setInterval(m_shared.Timer.TimerInterval);
   picTop->setVisible(HasPictures(Stack()));
-  resize(560, picTop->isHidden() ? 360 : 520);
+  resize(560, (picTop->isHidden() ? 360 : 520) + (IsSpeller() || IsChooser() ? 100 : 0));
   ShowSessionStart();
   cmdRedo->setEnabled(false);
   cmdNext->setFocus();
@@ -148,11 +240,14 @@ void frmStepper::Form_Load() {
 
 void frmStepper::Form_Unload() {
   tmrTimer->stop();
+  m_platform.sound.Stop();
   m_windows.Remove(m_session.instanceNumber);
 }
 
-Text frmStepper::Media(const Text& name) const {
-  return FindMedia(m_platform.files, name, m_shared.Switches.DefaultFolder);
+MediaLookup frmStepper::PictureLookup() const {
+  return [this](const Text& name) {
+    return FindMedia(m_platform.files, name, m_shared.Switches.DefaultFolder);
+  };
 }
 
 /// Shows the count, the side asked first and its fonts, as at the start of a pass.
@@ -166,20 +261,34 @@ void frmStepper::ApplyFonts() {
   const TopicFonts& fonts = m_topic.Fonts;
   const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize);
   const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize);
-  lblTop->setFont(m_session.firstSide == Front ? front : back);
-  lblBottom->setFont(m_session.firstSide == Front ? back : front);
+  const bool frontFirst = m_session.firstSide == Front;
+  const QFont& answer = frontFirst ? back : front;
+  lblTop->setFont(frontFirst ? front : back);
+  lblBottom->setFont(answer);
+  txtSpell->setFont(answer);
+  lblSpellAnswer->setFont(answer);
+  m_chooser->SetAnswerFont(answer);
 }
 
 /// Puts the display state on the screen, at once: a sound that follows holds everything up.
-void frmStepper::Render() {
+bool frmStepper::Render() {
   lblTop->setText(ToShownText(m_display.questionLine));
   lblBottom->setText(ToShownText(m_display.answerLine));
-  if (!picTop->Show(ToQString(m_display.picture))) {
-    const Text file = m_display.picture;
-    m_display.picture.clear();
-    m_platform.prompts.Show(
-        {.text = u"The picture can't be shown:\r\n" + file, .icon = PromptIcon::Exclamation});
-  }
+  lblSpellAnswer->setText(ToShownText(m_display.correctAnswer));
+  ssrSound[0]->setEnabled(m_display.questionSoundEnabled);
+  ssrSound[1]->setEnabled(m_display.answerSoundEnabled);
+  imgPicture[0]->setVisible(m_display.mark == Mark::Right);
+  imgPicture[1]->setVisible(m_display.mark == Mark::Wrong);
+  lblRight->setText(ToQString(NumberText(m_session.right)));
+  lblWrong->setText(ToQString(NumberText(m_session.wrong)));
+  m_chooser->Render(m_display);
+  if (picTop->Show(ToQString(m_display.picture))) return true;
+  const Text file = m_display.picture;
+  m_display.picture.clear();
+  const QPointer<frmStepper> alive(this);
+  m_platform.prompts.Show(
+      {.text = u"The picture can't be shown:\r\n" + file, .icon = PromptIcon::Exclamation});
+  return alive != nullptr;
 }
 
 void frmStepper::SetSideControls(bool enabled) {
@@ -188,13 +297,23 @@ void frmStepper::SetSideControls(bool enabled) {
   ssoBack->setEnabled(enabled);
 }
 
+bool frmStepper::PlayCardSound(const Text& name) {
+  if (m_shared.Timer.NoSound || name.empty()) return true;
+  const Text file = PictureLookup()(name);
+  if (file.empty()) return true;
+  const QPointer<frmStepper> alive(this);
+  repaint();
+  m_platform.sound.Play(file);
+  return alive != nullptr && isVisible();
+}
+
 void frmStepper::cmdNext_Click() {
   switch (Step(m_session, Stack(), *m_random)) {
     case StepPhase::Question:
       NewQuestion();
       break;
     case StepPhase::Answer:
-      RevealAnswer();
+      IsSpeller() ? CheckSpelling() : RevealAnswer();
       break;
     case StepPhase::EndOfStack:
       AskForRestart();
@@ -204,19 +323,55 @@ void frmStepper::cmdNext_Click() {
 
 void frmStepper::NewQuestion() {
   ClearCard(m_display);
-  const auto find = [this](const Text& name) { return Media(name); };
-  ShowQuestion(m_display, m_session, Stack(), m_shared.Timer, find);
+  ShowQuestion(m_display, m_session, Stack(), m_shared.Timer, PictureLookup());
+  if (IsChooser()) {
+    m_chooser->ClearSelection();
+    ShowChoices(m_display, m_session, Stack());
+    sspTop->setFocus();  // away from Next, and on no answer: a second key press must not choose
+    cmdNext->setEnabled(false);
+  }
   lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
   SetSideControls(false);
-  Render();
+  txtSpell->clear();
+  if (!Render() || !PlayCardSound(m_display.questionSound)) return;
   if (tmrTimer->interval() > 0) tmrTimer->start();
+  if (IsSpeller()) txtSpell->setFocus();
+}
+
+void frmStepper::CheckSpelling() {
+  tmrTimer->stop();
+  const Text answer = ShownSideText(Stack(), m_session.currentCard, m_session.AnswerSide());
+  const bool right = IsSpelledRight(FromShownText(txtSpell->text()), answer);
+  CountAnswer(m_session, right);
+  ShowSpelling(m_display, m_session, Stack(), right);
+  Render();
+  cmdNext->setFocus();
+  SetSideControls(true);
 }
 
 void frmStepper::RevealAnswer() {
   tmrTimer->stop();
   ShowAnswer(m_display, m_session, Stack());
-  Render();
+  if (!Render() || !PlayCardSound(m_display.answerSound)) return;
   SetSideControls(true);
+}
+
+void frmStepper::optChoice_Click(int index) {
+  const std::optional<bool> right = Choose(m_session, index);
+  if (!right) return;  // only the first choice counts
+  const bool blanked = m_shared.Timer.HideWord || tmrTimer->interval() > 0;
+  tmrTimer->stop();
+  ShowChoiceMade(m_display, m_session, *right);
+  SetSideControls(true);
+  cmdNext->setEnabled(true);
+  cmdNext->setFocus();
+  if (blanked) {
+    const Mark mark = m_display.mark;  // the marks come after the sound
+    ShowQuestionAgain(m_display, m_session, Stack(), m_shared.Timer, PictureLookup());
+    if (!Render() || !PlayCardSound(m_display.questionSound)) return;
+    m_display.mark = mark;
+  }
+  Render();
 }
 
 void frmStepper::AskForRestart() {
@@ -237,26 +392,51 @@ void frmStepper::RestartPass() {
   ShowSessionStart();
   SetSideControls(true);
   ClearCard(m_display);
+  txtSpell->clear();
+  m_chooser->ClearSelection();
   Render();
 }
 
 void frmStepper::cmdRedo_Click() {
   Redo(m_session);
-  cmdNext->setFocus();
+  (IsSpeller() ? static_cast<QWidget*>(txtSpell) : cmdNext)->setFocus();
 }
 
 void frmStepper::SideOption_Click(int side) {
   if (m_session.firstSide != side) {
     SetFirstSide(m_session, side);
-    const auto find = [this](const Text& name) { return Media(name); };
-    TurnOver(m_display, m_shared.Timer, find);
+    TurnOver(m_display, m_shared.Timer, PictureLookup());
     ApplyFonts();
+    lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
     Render();
   }
   cmdNext->setFocus();
 }
 
+void frmStepper::ssrSound_Click(int index) {
+  (void)PlayCardSound(index == 0 ? m_display.questionSound : m_display.answerSound);
+}
+
 void frmStepper::tmrTimer_Timer() {
   BlankQuestion(m_display);
   Render();
+}
+
+void frmStepper::txtSpell_GotFocus() {
+  m_keyMenus->SetEnabled(m_session.AnswerSide() == Back ? KeySide::Back : KeySide::Front, true);
+}
+
+void frmStepper::txtSpell_LostFocus() {
+  m_keyMenus->SetEnabled(KeySide::Front, false);
+  m_keyMenus->SetEnabled(KeySide::Back, false);
+}
+
+void frmStepper::keyPressEvent(QKeyEvent* event) {
+  const int choice = event->key() - Qt::Key_1;
+  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
+  if (IsChooser() && plain && choice >= 0 && choice < ChoiceCount) {
+    m_chooser->Press(choice);
+    return;
+  }
+  Form::keyPressEvent(event);
 }

@@ -9,9 +9,13 @@
 #include <array>
 #include <memory>
 
+class CardField;
+class ChooserPanel;
+class KeyMenus;
 class PictureBox;
 class QFrame;
 class QLabel;
+class QLineEdit;
 class QPushButton;
 class QRadioButton;
 class QToolButton;
@@ -23,49 +27,76 @@ class frmStepper : public Form {
  public:
   frmStepper(SharedState& shared, Platform& platform, StudyWindows& windows, int instanceNumber);
 
+  /// The topic that the window's title names.
+  const Text& TopicName() const { return m_topicName; }
   int StackIndex() const { return m_session.stackIndex; }
   void SetStackIndex(int index) { m_session.stackIndex = index; }
 
  protected:
   void Form_Unload() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void MakeControls();
   void LayOut();
+  void LayOutCard();
+  QWidget* MakeSpellerRow();
+  QWidget* MakeScoreRow();
   void Form_Load();
-  const CardStack& Stack() const { return m_shared.Stacks.At(m_session.stackIndex); }
-  Text Media(const Text& name) const;
 
-  void Render();
+  bool IsSpeller() const { return m_session.mode == StudyMode::Speller; }
+  bool IsChooser() const { return m_session.mode == StudyMode::Chooser; }
+  const CardStack& Stack() const { return m_shared.Stacks.At(m_session.stackIndex); }
+  MediaLookup PictureLookup() const;
+
+  /// @return false when this window was deleted while a message was open
+  bool Render();
   void ShowSessionStart();
   void NewQuestion();
+  void CheckSpelling();
   void RevealAnswer();
   void AskForRestart();
   void RestartPass();
   void SetSideControls(bool enabled);
   void ApplyFonts();
+  /// Plays a card's sound unless sounds are off.
+  /// @return false when this window was deleted meanwhile
+  bool PlayCardSound(const Text& name);
 
   void cmdNext_Click();
   void cmdRedo_Click();
   void cmdQuit_Click() { Unload(); }
   void SideOption_Click(int side);
+  void ssrSound_Click(int index);
+  void optChoice_Click(int index);
   void tmrTimer_Timer();
+  void txtSpell_GotFocus();
+  void txtSpell_LostFocus();
 
   StudyWindows& m_windows;
   StudySession m_session;
   CardDisplay m_display;
+  Text m_topicName;
   TopicSettings m_topic;  // copied at the start: a later topic change leaves this window alone
   std::unique_ptr<RandomSource> m_random;
 
-  QFrame* sspTop;
-  QLabel* lblTop;
-  QLabel* lblBottom;
-  PictureBox* picTop;
-  QLabel* lblCardCount;
-  QRadioButton* ssoFront;
-  QRadioButton* ssoBack;
-  std::array<QToolButton*, 2> ssrSound;
-  QPushButton* cmdNext;
-  QPushButton* cmdRedo;
-  QPushButton* cmdQuit;
-  QTimer* tmrTimer;
+  QFrame* sspTop = nullptr;
+  QLabel* lblTop = nullptr;
+  QLabel* lblBottom = nullptr;
+  PictureBox* picTop = nullptr;
+  QLabel* lblCardCount = nullptr;
+  QLabel* lblRight = nullptr;
+  QLabel* lblWrong = nullptr;
+  std::array<QLabel*, 2> imgPicture{};  // items 4 and 5: the right and the wrong mark
+  QRadioButton* ssoFront = nullptr;
+  QRadioButton* ssoBack = nullptr;
+  std::array<QToolButton*, 2> ssrSound{};
+  QLineEdit* txtSpell = nullptr;
+  QLabel* lblSpellAnswer = nullptr;
+  KeyMenus* m_keyMenus = nullptr;
+  ChooserPanel* m_chooser = nullptr;
+  QPushButton* cmdNext = nullptr;
+  QPushButton* cmdRedo = nullptr;
+  QPushButton* cmdQuit = nullptr;
+  QTimer* tmrTimer = nullptr;
 };

@@ -46,8 +46,9 @@ Text MemoryFiles::Resolve(const Text& path) const {
   return matches == 1 ? found : path;
 }
 
-bool MemoryFiles::Exists(const Text& path) {
-  return !path.empty() && m_files.contains(Resolve(path));
+Text MemoryFiles::Find(const Text& path) {
+  const Text found = Resolve(path);
+  return m_files.contains(found) ? found : Text();
 }
 
 bool MemoryFiles::FolderExists(const Text& path) {

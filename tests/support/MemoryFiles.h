@@ -24,7 +24,7 @@ class MemoryFiles : public Files {
   int commits = 0;
   int openReplacements = 0;
 
-  bool Exists(const Text& path) override;
+  Text Find(const Text& path) override;
   bool FolderExists(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;

@@ -118,6 +118,6 @@ class WindowTest : public testing::Test {
   RecordingHelp help;
   RecordingSound sound;
   SharedState shared;
-  Platform platform{prompts, files, profile, help, sound,
-                    [] { return std::make_unique<SeededRandom>(1); }};
+  Platform platform{prompts, files, profile,
+                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
 };

@@ -56,3 +56,10 @@ TEST(FindMedia, FindsANameInAnotherLetterCase) {
   EXPECT_NE(FindMedia(files, u"dog.wav", u"c"), u"");
   EXPECT_NE(FindMedia(files, u"c/dog.wav", u""), u"");
 }
+
+TEST(FindMedia, GivesTheNameOnDiskWhateverLetterCaseTheCardHas) {
+  MemoryFiles files;
+  files.Put(u"/cards/COW.WAV", "x");
+  EXPECT_EQ(FindMedia(files, u"cow.wav", u"/cards"), u"/cards/COW.WAV");
+  EXPECT_EQ(FindMedia(files, u"/cards/Cow.wav", u"/elsewhere"), u"/cards/COW.WAV");
+}

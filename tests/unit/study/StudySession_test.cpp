@@ -76,7 +76,7 @@ TEST_F(StudySessionTest, StartForgetsAnEarlierPass) {
   Study(stack, {Draw(1, 2)}, 1);
   Redo(session);
   SetFirstSide(session, Back);
-  Start(session, StudyMode::Chooser, settings);
+  Start(session, StudyMode::Speller, settings);
   EXPECT_EQ(session.cardsDone, 0);
   EXPECT_FALSE(session.redoPending);
   EXPECT_EQ(session.firstSide, Front);

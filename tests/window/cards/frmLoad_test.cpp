@@ -1,5 +1,6 @@
 #include "cards/frmLoad.h"
 
+#include "authoring/frmDesc.h"
 #include "tests/window/WindowFixture.h"
 
 #include <QDir>
@@ -27,6 +28,17 @@ class frmLoadTest : public WindowTest {
                        [&](frmLoad& window) {
                          act(window);
                          if (window.isVisible()) Click(window, "cmdCancel");
+                       });
+  }
+
+  /// Presses OK in the mode that asks for a description, and OK or Cancel there.
+  static void SaveNew(frmLoad& window, const QString& description, const char* button = "cmdOK") {
+    WithModal<frmDesc>([&] { Click(window, "cmdOK"); },
+                       [&](frmDesc& asked) {
+                         EXPECT_EQ(asked.windowTitle(), "Enter File Description");
+                         EXPECT_EQ(Find<QLineEdit>(asked, "txtDesc").text(), "");
+                         QTest::keyClicks(&Find<QLineEdit>(asked, "txtDesc"), description);
+                         Click(asked, button);
                        });
   }
 
@@ -246,12 +258,23 @@ TEST_F(frmLoadTest, SavingANewStackAddsTheExtensionAndNamesTheStack) {
   LoadStack(u"", 1);
   WithDialog(FileDialogMode::SaveNew, [](frmLoad& window) {
     TypeName(window, "verbs");
-    Click(window, "cmdOK");
+    SaveNew(window, "All kinds");
     EXPECT_FALSE(window.isVisible());
   });
   EXPECT_EQ(files.Content(u"/cards/verbs.QBC"),
-            "General\r\nKept" + std::string(60, ' ') + "\r\nfront 1  \r\nback 1  \r\n");
+            "General\r\nAll kinds" + std::string(55, ' ') + "\r\nfront 1  \r\nback 1  \r\n");
   EXPECT_EQ(shared.Stacks.Current().StackName, u"verbs");
+}
+
+TEST_F(frmLoadTest, CancellingTheDescriptionSavesWithTheOneKept) {
+  shared.Stacks.StackDescription = u"Kept";
+  LoadStack(u"", 1);
+  WithDialog(FileDialogMode::SaveNew, [](frmLoad& window) {
+    TypeName(window, "verbs");
+    SaveNew(window, "dropped", "cmdCanc");
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_TRUE(files.Content(u"/cards/verbs.QBC").starts_with("General\r\nKept  "));
 }
 
 TEST_F(frmLoadTest, CancelAtTheOverwriteQuestionLeavesFileAndDialog) {
@@ -259,7 +282,7 @@ TEST_F(frmLoadTest, CancelAtTheOverwriteQuestionLeavesFileAndDialog) {
   LoadStack(u"old name", 1);
   WithDialog(FileDialogMode::SaveNew, [](frmLoad& window) {
     TypeName(window, "animals");
-    Click(window, "cmdOK");
+    SaveNew(window, "");
     EXPECT_TRUE(window.isVisible());
   });
   ExpectPrompt(prompts.shown.at(0),

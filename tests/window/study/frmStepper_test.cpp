@@ -1,7 +1,6 @@
 #include "study/frmStepper.h"
 
-#include "study/StudyWindows.h"
-#include "tests/window/WindowFixture.h"
+#include "tests/window/study/StudyFixture.h"
 
 #include <QPointer>
 #include <QRadioButton>
@@ -9,40 +8,7 @@
 
 namespace {
 
-class frmStepperTest : public WindowTest {
- protected:
-  frmStepperTest() {
-    shared.Topics.Names[0] = u"General";
-    shared.Topics.Names[1] = u"Spanish";
-    shared.Topics.TopicCount = 1;
-    shared.Topics.CurrentTopic = 1;
-  }
-
-  /// Opens a study window on a new stack; cards are drawn by `draws`.
-  frmStepper& Open(int cards, std::vector<int> draws, StudyMode mode = StudyMode::Stepper) {
-    LoadStack(u"Verbs", cards);
-    return OpenOnCurrent(std::move(draws), mode);
-  }
-
-  frmStepper& OpenOnCurrent(std::vector<int> draws, StudyMode mode = StudyMode::Stepper) {
-    const int cards = shared.Stacks.Current().CardCount;
-    platform.makeRandom = [draws = std::move(draws), cards] {
-      auto random = std::make_unique<ScriptedRandom>(std::initializer_list<double>{});
-      for (const int card : draws) random->Add(Draw(card, cards));
-      return random;
-    };
-    shared.Switches.StudyMode = mode;
-    frmStepper& window = studyWindows.Open();
-    WaitUntilActive(window);
-    return window;
-  }
-
-  static void Next(frmStepper& window, int times = 1) {
-    for (int i = 0; i < times; ++i) Click(window, "cmdNext");
-  }
-
-  StudyWindows studyWindows{shared, platform};
-};
+using frmStepperTest = StudyWindowTest;
 
 TEST_F(frmStepperTest, TheTitleNamesModeStackAndTopic) {
   EXPECT_EQ(Open(3, {}).windowTitle(), "Stepper - Verbs (Spanish)");

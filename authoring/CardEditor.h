@@ -1,0 +1,86 @@
+#pragma once
+
+#include "authoring/CardFields.h"
+#include "base/Files.h"
+#include "cards/StackFile.h"
+#include "cards/StackStore.h"
+
+#include <array>
+
+inline constexpr int RowsPerPage = 5;
+
+enum class MediaKind { Sound, Picture };
+
+/// Tells whether the save dialog opened its target: then "file already open" is the answer.
+/// Otherwise a fixed name is looked for and never made, and any other status means that the dialog
+/// was cancelled.
+FileStatus ProbeStackFile(const StackStore& stacks, Files& files);
+
+/// The card editor's state and operations, without a window. It works on the selected stack in
+/// place; only Save reaches the disk.
+///
+/// Rows 0..4 show the cards from TopCard on. SelRow is the selected row, -1 for none; CurCard is
+/// the card that the fields show.
+class CardEditor {
+ public:
+  explicit CardEditor(StackStore& stacks) : m_stacks(stacks) {}
+
+  int SelRow() const { return m_selRow; }
+  int TopCard() const { return m_topCard; }
+  int CurCard() const { return m_curCard; }
+
+  /// The scroll bar's range is 1..ScrollMaximum(); it can be used when CanScroll().
+  int ScrollMaximum() const;
+  bool CanScroll() const { return Stack().CardCount > RowsPerPage; }
+
+  /// Texts of a row, empty beyond the last card.
+  Text RowText(int row, int side) const;
+  bool IsRowStruckOut(int row) const;
+  bool IsMarked(int card) const { return m_deleted.at(static_cast<std::size_t>(card)); }
+
+  /// "3/20"; without a selected row one less than the top card, so "0/20" at first.
+  Text PositionText() const;
+
+  /// The six fields of the selected card; empty when none is.
+  CardFields ShownFields() const;
+
+  /// Selects a row. False, and nothing changes, when `text`, the clicked label, is empty.
+  bool SelectRow(int row, int side);
+
+  /// Scrolls. The selection keeps its row, so another card becomes the selected one; a row without
+  /// a front text is deselected.
+  void ScrollTo(int topCard);
+
+  /// Goes to a card that was found: in the bottom row where possible.
+  void GoTo(int card);
+
+  /// Stores a text that was edited, when it differs from what the row shows.
+  /// @return true when it was stored
+  bool CommitText(int side, TextView text);
+
+  /// Stores a media name of the selected card.
+  void CommitMedia(int side, MediaKind kind, TextView name);
+
+  /// Marks the selected card for deletion, or takes the mark back.
+  void ToggleDeleted();
+
+  /// After cards were appended: back to the first page.
+  void CardsAppended();
+
+  /// Writes the undeleted cards to the file that the save dialog left open and closes it. On
+  /// success the stack loses the marked cards; on failure everything stays. The file is closed
+  /// either way.
+  FileStatus Save();
+
+ private:
+  CardStack& Stack() { return m_stacks.Current(); }
+  const CardStack& Stack() const { return m_stacks.Current(); }
+  FileStatus WriteCards(StackFile& file) const;
+  void Compact();
+
+  StackStore& m_stacks;
+  int m_topCard = 1;
+  int m_selRow = -1;
+  int m_curCard = 0;
+  std::array<bool, MaxCards + 1> m_deleted{};
+};

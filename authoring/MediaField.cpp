@@ -1,0 +1,59 @@
+#include "authoring/MediaField.h"
+
+#include "base/OneLine.h"
+#include "base/QtText.h"
+#include "shell/Icons.h"
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
+
+MediaField::MediaField(IsFound isFound, Folder folder, QWidget* owner)
+    : QLineEdit(owner),
+      m_isFound(std::move(isFound)),
+      m_folder(std::move(folder)),
+      m_mark(addAction(QIcon(), QLineEdit::TrailingPosition)) {
+  setAcceptDrops(true);
+  KeepToOneLine(this);
+  connect(this, &QLineEdit::textChanged, this, &MediaField::ShowWhetherFound);
+  ShowWhetherFound();
+}
+
+void MediaField::ShowWhetherFound() {
+  const Text name = ToText(text());
+  m_mark->setVisible(!name.empty());
+  if (name.empty()) {
+    setToolTip(QString());
+    return;
+  }
+  const bool found = m_isFound(name);
+  m_mark->setIcon(TintedIcon(found ? "right" : "wrong"));
+  const QString words =
+      found ? QStringLiteral("The file is there") : QStringLiteral("The file was not found");
+  m_mark->setToolTip(words);
+  m_mark->setObjectName(found ? QStringLiteral("found") : QStringLiteral("missing"));
+  setAccessibleDescription(words);
+  setToolTip(words);
+}
+
+void MediaField::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) {
+    event->acceptProposedAction();
+  } else {
+    QLineEdit::dragEnterEvent(event);
+  }
+}
+
+void MediaField::dropEvent(QDropEvent* event) {
+  const QList<QUrl> urls = event->mimeData()->urls();
+  if (urls.isEmpty() || !urls.first().isLocalFile()) {
+    QLineEdit::dropEvent(event);
+    return;
+  }
+  const QFileInfo file(urls.first().toLocalFile());
+  const bool beside = file.absolutePath() == QFileInfo(ToQString(m_folder())).absoluteFilePath();
+  setText(beside ? file.fileName() : file.absoluteFilePath());
+  setFocus();
+  event->acceptProposedAction();
+}

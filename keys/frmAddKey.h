@@ -1,0 +1,109 @@
+#pragma once
+
+#include "keys/KeyAssignmentEditing.h"
+#include "shell/Form.h"
+
+#include <array>
+
+class QCheckBox;
+class QComboBox;
+class QFrame;
+class QGroupBox;
+class QLabel;
+class QListWidget;
+class QPushButton;
+class QScrollBar;
+
+/// The key assignment editor. It edits the selected topic's assignments, or, while a topic is being
+/// added, begins with none and adds the topic; either way nothing is stored before it closes, and
+/// then only if the user says so.
+class frmAddKey : public Form {
+  Q_OBJECT
+
+ public:
+  frmAddKey(SharedState& shared, Platform& platform, QWidget* owner);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void Form_Unload() override;
+
+ private:
+  void MakeRows();
+  void LayOut();
+  QWidget* LayOutAssignments();
+  QWidget* LayOutCharacters();
+  QWidget* LayOutKeystroke();
+  void SetRowSizes();
+  void SetNames();
+  void FillLists();
+
+  void Form_Load();
+  void sscSide_Click(QCheckBox* box, QCheckBox* other);
+  void lstAddKey_Click();
+  void lstAddKey_GotFocus();
+  void cboControlKey_Click(int index);
+  bool cboControlKey_KeyDown(const QKeyEvent& event);
+  bool cboControlKey_KeyPress(const QKeyEvent& event) const;
+  void lblCol2_Click(int row);
+  bool lblCol2_KeyDown(int row, const QKeyEvent& event);
+  void vsbBar_Change(int value);
+  void vsbBar_Enter();
+  void cmdAction_Click();
+  void cmdMore_Click();
+  void cmdCancel_Click();
+  void cmdDone_Click() { Unload(); }
+
+  void AddKeyAssignment();
+  void DeleteKeyAssignment();
+  bool SaveTopic(const KeyTable& keys);
+  void AskAndSaveKeys();
+  void AskAndAddTopic();
+
+  bool FilterKeystrokeBox(QEvent* event);
+  bool FilterRow(int row, QEvent* event);
+  int RowOf(const QObject* label) const;
+  void ShowKeyRows(int top);
+  void ShowKeyRow(int row, const std::optional<KeyAssignment>& assignment);
+  void ShowScroll(KeyScroll scroll);
+  void MoveToRow(int row);
+  void HighlightRow(int row);
+  void ShowAction(Text caption);
+  void OfferKeystroke();
+  void ClearCharacter();
+  void ClearKeystroke();
+  void SelectCharacter(int code);
+  void SetListFont();
+  std::optional<CharCode> ChosenCharacter() const;
+  TickedSides Sides() const;
+  QFont FontFor(KeyFont keyFont) const;
+  TextView ListFontName() const;
+
+  const bool m_newTopic;
+  const Text m_topicName;
+  KeyAssignmentEditing m_editing;
+  const std::array<CharCode, 255> m_characters = AssignableCharacters();
+  Text m_caption;  // of the action button
+  Text m_ascCode;  // of the character chosen last
+  KeyScroll m_scroll;
+  int m_selectedRow = -1;  // 0..6, or -1 for none
+
+  QGroupBox* sspKeyAss;
+  QFrame* sspCol1;
+  QFrame* sspCol2;
+  std::array<QLabel*, ShownKeyRows> lblCol1;
+  std::array<QLabel*, ShownKeyRows> lblCol2;
+  QScrollBar* vsbBar;
+  QFrame* sspSides;
+  QCheckBox* sscFront;
+  QCheckBox* sscBack;
+  QGroupBox* sspAddKey;
+  QListWidget* lstAddKey;
+  QLabel* sspAscCode;
+  QGroupBox* sspControlKey;
+  QFrame* sspControlOutline;
+  QComboBox* cboControlKey;
+  QPushButton* cmdAction;
+  QPushButton* cmdMore;
+  QPushButton* cmdCancel;
+  QPushButton* cmdDone;
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "shell/Form.h"
+
+#include <functional>
+
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+
+/// The topic dialog: adds a topic (NewTopicMode), changes the topic of the stack being edited
+/// (ChangeTopicMode) or deletes topics (neither).
+class frmConfig : public Form {
+  Q_OBJECT
+
+ public:
+  /// Closes the study windows that show a topic.
+  using CloseStudyWindows = std::function<void(const Text& topicName)>;
+
+  /// Each of these opens the dialog for one purpose and returns when it is closed.
+  static void ShowToAdd(SharedState& shared, Platform& platform, QWidget* owner,
+                        const Text& proposedName);
+  static void ShowToChange(SharedState& shared, Platform& platform, QWidget* owner);
+  static void ShowToDelete(SharedState& shared, Platform& platform, QWidget* owner,
+                           CloseStudyWindows closeStudyWindows);
+
+  /// @param closeStudyWindows  called for each topic that is deleted; not needed in the other modes
+  frmConfig(SharedState& shared, Platform& platform, QWidget* owner,
+            CloseStudyWindows closeStudyWindows = {});
+
+ protected:
+  void Form_Unload() override;
+
+ private:
+  void LayOut();
+  void Form_Load();
+  void FillList(int first);
+  /// The chosen entry of the list, -1 for none. The entry that only has the focus is not chosen.
+  int ChosenRow() const;
+  int FirstListed() const { return m_shared.Switches.ChangeTopicMode ? 0 : 1; }
+
+  void lstTopic_Click();
+  void cmdAction_Click();
+  void cmdCancel_Click() { Unload(); }
+  void AddNewTopic(const Text& name);
+  void DeleteListedTopic(int row);
+
+  CloseStudyWindows m_closeStudyWindows;
+  QListWidget* lstTopic;
+  QLineEdit* txtTopic;
+  QPushButton* cmdAction;
+  QPushButton* cmdCancel;
+};
