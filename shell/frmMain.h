@@ -97,6 +97,7 @@ class frmMain : public Form {
   QLabel* lblStacks = nullptr;
   QComboBox* cboStacks = nullptr;
   QLabel* lblStackInfo = nullptr;
+  QLabel* lblHint = nullptr;  // how to begin, while no stack is loaded
   QLabel* sspFrontFont = nullptr;
   QLabel* sspBackFont = nullptr;
 };

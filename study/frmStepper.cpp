@@ -5,6 +5,7 @@
 #include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
 #include "shell/Icons.h"
+#include "study/CardZoom.h"
 #include "study/ChooserPanel.h"
 #include "study/MediaFiles.h"
 #include "study/PictureBox.h"
@@ -19,12 +20,15 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QToolButton>
 
 namespace {
 
 constexpr int MarkSize = 32;
+constexpr float ComfortableZoom = 1.75;  // makes a font of 8.25 points 19 pixels high
+constexpr int PictureHeight = 160;       // pixels, added where a stack has pictures
 
 /// A card text breaks where the card says and nowhere else, so a long line scrolls.
 QScrollArea* Scrolling(QLabel* label, QWidget* owner) {
@@ -158,7 +162,8 @@ void frmStepper::LayOutCard() {
   sspTop->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   sspTop->setBackgroundRole(QPalette::Base);
   sspTop->setAutoFillBackground(true);
-  sspTop->setMinimumSize(420, 200);
+  sspTop->setMinimumSize(SmallestCardWidth, SmallestCardHeight);
+  sspTop->installEventFilter(this);
   sspTop->setFocusPolicy(Qt::ClickFocus);
   for (QLabel* const line : {lblTop, lblBottom}) {
     line->setBackgroundRole(QPalette::Base);
@@ -231,8 +236,11 @@ void frmStepper::Form_Load() {
       StudyTitle(chosen, Stack().StackName, m_shared.Topics.Name(m_shared.Topics.CurrentTopic))));
   tmrTimer->setInterval(m_shared.Timer.TimerInterval);
   picTop->setVisible(HasPictures(Stack()));
-  resize(560, (picTop->isHidden() ? 360 : 520) + (IsSpeller() || IsChooser() ? 100 : 0));
   ShowSessionStart();
+  const QSize smallestCard(SmallestCardWidth, SmallestCardHeight);
+  QSize size = layout()->totalMinimumSize() + smallestCard * ComfortableZoom - smallestCard;
+  if (!picTop->isHidden()) size.rheight() += PictureHeight;
+  resize(size.boundedTo(screen()->availableSize()));
   cmdRedo->setEnabled(false);
   cmdNext->setFocus();
   Render();
@@ -261,13 +269,21 @@ void frmStepper::ApplyFonts() {
   const TopicFonts& fonts = m_topic.Fonts;
   const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize);
   const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize);
-  const bool frontFirst = m_session.firstSide == Front;
-  const QFont& answer = frontFirst ? back : front;
-  lblTop->setFont(frontFirst ? front : back);
-  lblBottom->setFont(answer);
+  const QFont& answer = m_session.firstSide == Front ? back : front;
   txtSpell->setFont(answer);
   lblSpellAnswer->setFont(answer);
   m_chooser->SetAnswerFont(answer);
+  ApplyCardFonts();
+}
+
+void frmStepper::ApplyCardFonts() {
+  const TopicFonts& fonts = m_topic.Fonts;
+  const float zoom = CardZoom(sspTop->width(), sspTop->height());
+  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize * zoom);
+  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize * zoom);
+  const bool frontFirst = m_session.firstSide == Front;
+  lblTop->setFont(frontFirst ? front : back);
+  lblBottom->setFont(frontFirst ? back : front);
 }
 
 /// Puts the display state on the screen, at once: a sound that follows holds everything up.
@@ -429,6 +445,11 @@ void frmStepper::txtSpell_GotFocus() {
 void frmStepper::txtSpell_LostFocus() {
   m_keyMenus->SetEnabled(KeySide::Front, false);
   m_keyMenus->SetEnabled(KeySide::Back, false);
+}
+
+bool frmStepper::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == sspTop && event->type() == QEvent::Resize) ApplyCardFonts();
+  return Form::eventFilter(watched, event);
 }
 
 void frmStepper::keyPressEvent(QKeyEvent* event) {

@@ -35,6 +35,7 @@ class frmStepper : public Form {
  protected:
   void Form_Unload() override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeControls();
@@ -59,6 +60,8 @@ class frmStepper : public Form {
   void RestartPass();
   void SetSideControls(bool enabled);
   void ApplyFonts();
+  /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
+  void ApplyCardFonts();
   /// Plays a card's sound unless sounds are off.
   /// @return false when this window was deleted meanwhile
   bool PlayCardSound(const Text& name);

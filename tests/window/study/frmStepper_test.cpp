@@ -1,5 +1,6 @@
 #include "study/frmStepper.h"
 
+#include "study/CardZoom.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QPointer>
@@ -78,18 +79,44 @@ TEST_F(frmStepperTest, BackBeforeTheFirstCardAsksEveryCardFromTheBack) {
   EXPECT_EQ(TextOf(window, "lblBottom"), "front 1");
 }
 
+float PointsOf(frmStepper& window, const char* name) {
+  return static_cast<float>(window.findChild<QLabel*>(QLatin1String(name))->font().pointSizeF());
+}
+
 TEST_F(frmStepperTest, FontsFollowTheSide) {
   shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
   frmStepper& window = Open(1, {1});
-  const auto sizeOf = [&](const char* name) {
-    return Find<QLabel>(window, name).font().pointSizeF();
-  };
-  EXPECT_EQ(sizeOf("lblTop"), 12);
-  EXPECT_EQ(sizeOf("lblBottom"), 20);
+  window.resize(window.minimumSize());
+  EXPECT_EQ(PointsOf(window, "lblTop"), 12);
+  EXPECT_EQ(PointsOf(window, "lblBottom"), 20);
   EXPECT_EQ(Find<QLabel>(window, "lblBottom").font().family(), "DejaVu Serif");
   Click(window, "ssoBack");
-  EXPECT_EQ(sizeOf("lblTop"), 20);
-  EXPECT_EQ(sizeOf("lblBottom"), 12);
+  EXPECT_EQ(PointsOf(window, "lblTop"), 20);
+  EXPECT_EQ(PointsOf(window, "lblBottom"), 12);
+}
+
+TEST_F(frmStepperTest, TheFontsGrowAndShrinkWithTheCard) {
+  shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
+  frmStepper& window = Open(1, {1});
+  window.resize(window.minimumSize() + QSize(SmallestCardWidth, SmallestCardHeight));
+  EXPECT_EQ(PointsOf(window, "lblTop"), 12 * 2);
+  EXPECT_EQ(PointsOf(window, "lblBottom"), 20 * 2);
+  window.resize(window.minimumSize());
+  EXPECT_EQ(PointsOf(window, "lblTop"), 12);
+}
+
+TEST_F(frmStepperTest, AnEnlargedCardTurnedOverKeepsItsEnlargement) {
+  shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
+  frmStepper& window = Open(1, {1});
+  window.resize(window.minimumSize() + QSize(SmallestCardWidth, SmallestCardHeight));
+  Click(window, "ssoBack");
+  EXPECT_EQ(PointsOf(window, "lblTop"), 20 * 2);
+  EXPECT_EQ(PointsOf(window, "lblBottom"), 12 * 2);
+}
+
+TEST_F(frmStepperTest, TheSmallestFontOpensLargeEnoughToRead) {
+  frmStepper& window = Open(1, {1});
+  EXPECT_GE(Find<QLabel>(window, "lblTop").fontInfo().pixelSize(), 18);
 }
 
 TEST_F(frmStepperTest, RedoBringsTheCardBackAndNextHasTheFocus) {

@@ -1,0 +1,125 @@
+#include "base/DiskFiles.h"
+#include "base/QtText.h"
+#include "settings/DisplayFont.h"
+#include "shell/ProgramApplication.h"
+#include "study/StudyWindows.h"
+#include "study/frmStepper.h"
+#include "tests/support/MemoryFiles.h"
+#include "tests/support/ScriptedRandom.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+class NoPrompts : public Prompts {
+ public:
+  Answer Show(const Prompt&) override { return Answer::Yes; }  // "Restart?" at the end of a pass
+};
+
+class NoHelp : public HelpService {
+ public:
+  void Show(HelpContext) override {}
+};
+
+class NoSound : public SoundPlayer {
+ public:
+  void Play(const Text&) override {}
+  void Stop() override {}
+};
+
+/// A study window on a stack of 300 cards, each with a picture file of its own (all alike) or with
+/// none.
+class StudyBench {
+ public:
+  explicit StudyBench(const QString& picture) {
+    CardStack& stack = shared.Stacks.Append();
+    for (int card = 1; card <= MaxCards; ++card) {
+      stack.SetSideText(card, Front, u"front " + NumberText(card));
+      stack.SetSideText(card, Back, u"back " + NumberText(card));
+      if (picture.isEmpty()) continue;
+      const QString link = folder.filePath(QStringLiteral("%1.jpg").arg(card));
+      QFile::link(picture, link);
+      stack.SetSidePicture(card, Front, ToText(link));
+    }
+    stack.CardCount = MaxCards;
+    window = &windows.Open();
+    next = window->findChild<QPushButton*>("cmdNext");
+    QApplication::processEvents();
+  }
+
+  /// Presses Next and paints what it shows.
+  void Next() {
+    next->click();
+    window->repaint();
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+  }
+
+  /// Times the question's Next alone; the answer's is pressed in between.
+  void Run(benchmark::State& state) {
+    for (auto _ : state) {
+      Next();
+      state.PauseTiming();
+      Next();
+      state.ResumeTiming();
+    }
+  }
+
+  QTemporaryDir folder;
+  NoPrompts prompts;
+  DiskFiles files{u""};
+  ProfileFile profile{files, u"none.INI"};
+  NoHelp help;
+  NoSound sound;
+  SharedState shared;
+  Platform platform{prompts, files, profile,
+                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
+  StudyWindows windows{shared, platform};
+  frmStepper* window = nullptr;
+  QPushButton* next = nullptr;
+};
+
+void NextToPainted(benchmark::State& state) {
+  StudyBench bench{QString()};
+  bench.Run(state);
+}
+BENCHMARK(NextToPainted)->Unit(benchmark::kMicrosecond);
+
+void NextToPaintedWithSamplePicture(benchmark::State& state) {
+  const QDir samples(QUIB_SOURCE_DIR "/samples");
+  StudyBench bench{samples.filePath(samples.entryList({"*.jpg"}).value(0))};
+  bench.Run(state);
+}
+BENCHMARK(NextToPaintedWithSamplePicture)->Unit(benchmark::kMicrosecond);
+
+/// The hard case: a photograph of 12 megapixels on every card.
+void NextToPaintedWithPhotograph(benchmark::State& state) {
+  const QTemporaryDir folder;
+  QImage photograph(4000, 3000, QImage::Format_RGB32);
+  for (int y = 0; y < photograph.height(); ++y) {
+    for (int x = 0; x < photograph.width(); ++x) {
+      photograph.setPixel(x, y, qRgb(x * y % 256, (x + y) % 256, (x ^ y) % 256));
+    }
+  }
+  const QString path = folder.filePath("photograph.jpg");
+  photograph.save(path, "JPG", 85);
+  StudyBench bench{path};
+  bench.Run(state);
+}
+BENCHMARK(NextToPaintedWithPhotograph)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  ProgramApplication application(argc, argv);
+  RegisterFontSubstitutes();
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+}
