@@ -113,7 +113,7 @@ bool NamesNoFile(TextView path) { return path.find(u'\0') != TextView::npos; }
 /// The name under which `path` is found on disk; where some part is not there, that part and the
 /// rest as given.
 std::string Resolve(const Text& path) {
-  const std::string exact = EncodePath(path);
+  std::string exact = EncodePath(path);
   if (exact.empty() || IsThere(exact)) return exact;
   std::string resolved;
   std::string part;
@@ -144,7 +144,7 @@ std::string BehindLinks(std::string path) {
     const ssize_t length = ::readlink(path.c_str(), link.data(), link.size());
     if (length <= 0) break;
     const std::string next(link.data(), static_cast<std::size_t>(length));
-    path = next.starts_with('/') ? next : FolderOf(path) + "/" + next;
+    path = next.starts_with('/') ? next : FolderOf(path).append("/").append(next);
   }
   return path;
 }
@@ -387,7 +387,7 @@ FileStatus DiskFiles::List(const Text& folder, FolderContent& content) {
   for (const std::string& entry : NamesIn(name)) {
     if (entry.front() == '.') continue;  // hidden
     struct stat info {};
-    if (::stat((name + "/" + entry).c_str(), &info) != 0) continue;
+    if (::stat(std::string(name).append("/").append(entry).c_str(), &info) != 0) continue;
     (S_ISDIR(info.st_mode) ? content.folders : content.files).push_back(DecodePath(entry));
   }
   const auto byName = [](const Text& a, const Text& b) {

@@ -7,7 +7,7 @@ std::size_t CardStack::Place(int card, int side, Kind kind) {
   if (card < 0 || card > MaxCards || side < Front || side > Back) {
     throw Fault(FileStatus::SubscriptOutOfRange);
   }
-  return static_cast<std::size_t>((card * 2 + side) * KindCount + kind);
+  return (static_cast<std::size_t>(card) * 2 + static_cast<std::size_t>(side)) * KindCount + kind;
 }
 
 CardStack::Field CardStack::FieldAt(int card, int side, Kind kind) const {
@@ -44,7 +44,7 @@ void CardStack::Set(int card, int side, Kind kind, TextView text, bool inMediaFo
   const std::size_t place = Place(card, side, kind);
   if (place >= m_fields.size()) {
     if (text.empty() && !inMediaFolder) return;
-    m_fields.resize(static_cast<std::size_t>((card + 1) * 2 * KindCount));
+    m_fields.resize(Place(card, Back, PictureField) + 1);
   }
   Field& field = m_fields[place];
   field.inMediaFolder = inMediaFolder ? 1 : 0;
