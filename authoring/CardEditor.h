@@ -51,6 +51,10 @@ class CardEditor {
   /// a front text is deselected.
   void ScrollTo(int topCard);
 
+  /// Moves the selection by keys, over cards without any text, and scrolls where it must. Without a
+  /// selection it begins above the page.
+  void MoveSelection(int rows);
+
   /// Goes to a card that was found: in the bottom row where possible.
   void GoTo(int card);
 
@@ -75,6 +79,7 @@ class CardEditor {
  private:
   CardStack& Stack() { return m_stacks.Current(); }
   const CardStack& Stack() const { return m_stacks.Current(); }
+  int FilledCard(int start, int step) const;
   FileStatus WriteCards(StackFile& file) const;
   void Compact();
 

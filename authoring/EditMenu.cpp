@@ -1,25 +1,25 @@
 #include "authoring/EditMenu.h"
 
+#include "authoring/CardTextBox.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 
 namespace {
 
 QString SelectedText(QWidget* box) {
   if (const auto* const line = qobject_cast<QLineEdit*>(box)) return line->selectedText();
-  QString text = qobject_cast<QPlainTextEdit*>(box)->textCursor().selectedText();
-  return text.replace(QChar::ParagraphSeparator, u'\n');
+  return qobject_cast<CardTextBox*>(box)->SelectedText();
 }
 
 void ReplaceSelection(QWidget* box, const QString& text) {
   if (auto* const line = qobject_cast<QLineEdit*>(box)) {
     line->insert(text);
   } else {
-    qobject_cast<QPlainTextEdit*>(box)->textCursor().insertText(text);
+    qobject_cast<CardTextBox*>(box)->ReplaceSelection(text);
   }
 }
 
@@ -51,7 +51,7 @@ QAction* EditMenu::AddItem(const QString& name, const QString& caption) {
 
 QWidget* EditMenu::TextBox() const {
   const bool isTextBox = qobject_cast<QLineEdit*>(m_focused) != nullptr ||
-                         qobject_cast<QPlainTextEdit*>(m_focused) != nullptr;
+                         qobject_cast<CardTextBox*>(m_focused) != nullptr;
   return isTextBox ? m_focused.data() : nullptr;
 }
 

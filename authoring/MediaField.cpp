@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QMimeData>
 
 MediaField::MediaField(IsFound isFound, Folder folder, QWidget* owner)
@@ -25,6 +26,7 @@ void MediaField::ShowWhetherFound() {
   m_mark->setVisible(!name.empty());
   if (name.empty()) {
     setToolTip(QString());
+    setAccessibleDescription(QString());
     return;
   }
   const bool found = m_isFound(name);
@@ -56,4 +58,12 @@ void MediaField::dropEvent(QDropEvent* event) {
   setText(beside ? file.fileName() : file.absoluteFilePath());
   setFocus();
   event->acceptProposedAction();
+}
+
+void MediaField::focusOutEvent(QFocusEvent* event) {
+  // The menu bar only borrows the focus; a line edit would drop the selection that the menu "Edit"
+  // is opened for.
+  const bool borrowed = event->reason() == Qt::MenuBarFocusReason;
+  QFocusEvent passed(event->type(), borrowed ? Qt::PopupFocusReason : event->reason());
+  QLineEdit::focusOutEvent(&passed);
 }

@@ -24,6 +24,7 @@ class MediaField : public QLineEdit {
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   void ShowWhetherFound();

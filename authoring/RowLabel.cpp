@@ -3,6 +3,9 @@
 #include "base/QtText.h"
 
 #include <QMouseEvent>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QStyle>
 
 RowLabel::RowLabel(QWidget* owner) : QLabel(owner) {
   setTextFormat(Qt::PlainText);
@@ -13,8 +16,8 @@ RowLabel::RowLabel(QWidget* owner) : QLabel(owner) {
 }
 
 void RowLabel::SetCardText(TextView text) {
-  QString shown = ToShownText(text);
-  setText(shown.replace(u'\n', QStringLiteral(" \u21B5 ")));
+  static const QRegularExpression lineBreak(QStringLiteral("\r\n|[\r\n\u2028\u2029]"));
+  setText(ToQString(text).replace(lineBreak, QStringLiteral(" \u21B5 ")));
   setToolTip(PlainToolTip(text));
 }
 
@@ -30,8 +33,20 @@ void RowLabel::SetHighlighted(bool highlighted) {
   setForegroundRole(highlighted ? QPalette::HighlightedText : QPalette::Text);
 }
 
+void RowLabel::paintEvent(QPaintEvent*) {
+  constexpr int Visible = 1000;  // more characters than any window has room for
+  const QRect area = contentsRect().adjusted(margin(), 0, -margin(), 0);
+  const QString shown =
+      fontMetrics().elidedText(text().left(Visible), Qt::ElideRight, area.width());
+  QPainter painter(this);
+  style()->drawItemText(&painter, area, static_cast<int>(alignment()) | Qt::TextSingleLine,
+                        palette(), isEnabled(), shown, foregroundRole());
+}
+
 void RowLabel::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) emit Clicked();
 }
 
-void RowLabel::mouseDoubleClickEvent(QMouseEvent*) { emit DoubleClicked(); }
+void RowLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) emit DoubleClicked();
+}

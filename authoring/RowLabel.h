@@ -4,8 +4,8 @@
 
 #include <QLabel>
 
-/// One cell of the card list: a card's text on one line, cut where it does not fit; struck out for
-/// a card marked for deletion, highlighted in the selected row.
+/// One cell of the card list: a card's text on one line, with an ellipsis where it does not fit;
+/// struck out for a card marked for deletion, highlighted in the selected row.
 class RowLabel : public QLabel {
   Q_OBJECT
 
@@ -23,6 +23,7 @@ class RowLabel : public QLabel {
   void DoubleClicked();
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 };

@@ -1,5 +1,6 @@
 #include "authoring/SidePanel.h"
 
+#include "authoring/CardTextBox.h"
 #include "authoring/MediaField.h"
 #include "base/QtText.h"
 #include "keys/CardField.h"
@@ -9,7 +10,6 @@
 
 #include <QGridLayout>
 #include <QLabel>
-#include <QPlainTextEdit>
 
 namespace {
 
@@ -21,7 +21,7 @@ QString SideName(int side) {
 
 SidePanel::SidePanel(int side, SharedState& shared, Platform& platform, QWidget* owner)
     : QGroupBox(SideName(side), owner),
-      m_text(new QPlainTextEdit(this)),
+      m_text(new CardTextBox(this)),
       m_field(new CardField(m_text, shared.Topic.Keys)),
       m_sound(AddMediaField(QStringLiteral("txt%1Wave").arg(SideName(side)), MediaKind::Sound,
                             shared, platform)),
@@ -46,7 +46,7 @@ SidePanel::SidePanel(int side, SharedState& shared, Platform& platform, QWidget*
   grid->setColumnStretch(1, 1);
   setTabOrder(m_text, m_sound);
   setTabOrder(m_sound, m_picture);
-  connect(m_text, &QPlainTextEdit::textChanged, this, [this] {
+  connect(m_text, &CardTextBox::textChanged, this, [this] {
     if (!m_filling) emit TextChanged();
   });
 }
@@ -59,15 +59,15 @@ MediaField* SidePanel::AddMediaField(const QString& name, MediaKind kind, Shared
       },
       [&shared] { return shared.Switches.DefaultFolder; }, this);
   field->setObjectName(name);
-  connect(field, &QLineEdit::textChanged, this, [this, kind](const QString& text) {
-    if (!m_filling) emit MediaChanged(kind, text);
+  connect(field, &QLineEdit::textChanged, this, [this, kind, field] {
+    if (!m_filling) emit MediaChanged(kind, field->text());
   });
   return field;
 }
 
 SideFields SidePanel::Content() const {
-  const bool untouched = m_text->toPlainText() == m_shown;
-  return {untouched ? m_given : m_field->Content(), ToText(m_sound->text()),
+  const Text content = m_field->Content();
+  return {content == m_shown ? m_given : content, ToText(m_sound->text()),
           ToText(m_picture->text())};
 }
 
@@ -77,7 +77,7 @@ void SidePanel::SetContent(const SideFields& fields) {
   m_sound->setText(ToQString(fields.sound));
   m_picture->setText(ToQString(fields.picture));
   m_given = fields.text;
-  m_shown = m_text->toPlainText();
+  m_shown = m_field->Content();
   m_filling = false;
 }
 

@@ -7,8 +7,8 @@
 #include <QGroupBox>
 
 class CardField;
+class CardTextBox;
 class MediaField;
-class QPlainTextEdit;
 struct Platform;
 struct SharedState;
 
@@ -28,7 +28,7 @@ class SidePanel : public QGroupBox {
   void SetContent(const SideFields& fields);
 
   void SetTextFont(const QFont& font);
-  QPlainTextEdit* TextBox() const { return m_text; }
+  CardTextBox* TextBox() const { return m_text; }
   CardField* Field() const { return m_field; }
 
  signals:
@@ -39,11 +39,11 @@ class SidePanel : public QGroupBox {
   MediaField* AddMediaField(const QString& name, MediaKind kind, SharedState& shared,
                             Platform& platform);
 
-  QPlainTextEdit* m_text;
+  CardTextBox* m_text;
   CardField* m_field;
   MediaField* m_sound;
   MediaField* m_picture;
-  Text m_given;     // the text last shown, as memory holds it
-  QString m_shown;  // the same as the box has it
+  Text m_given;  // the text last shown, as memory holds it
+  Text m_shown;  // the same as the box gives it back
   bool m_filling = false;
 };

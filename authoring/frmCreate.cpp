@@ -1,5 +1,6 @@
 #include "authoring/frmCreate.h"
 
+#include "authoring/CardTextBox.h"
 #include "authoring/EditMenu.h"
 #include "authoring/NewStack.h"
 #include "authoring/SidePanel.h"
@@ -14,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QPushButton>
 
 namespace {
@@ -51,7 +51,7 @@ void frmCreate::LayOut() {
   count->addWidget(new QLabel(QStringLiteral("Card Count:"), sspCardCount));
   count->addWidget(lblCardCount);
   count->addStretch();
-  lblCardCount->setAccessibleName(QStringLiteral("Card count"));
+  lblCardCount->setAccessibleDescription(QStringLiteral("Card count"));
   auto* const sides = new QHBoxLayout;
   sides->setSpacing(12);
   sides->addWidget(m_sides[0]);

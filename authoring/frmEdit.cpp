@@ -1,5 +1,6 @@
 #include "authoring/frmEdit.h"
 
+#include "authoring/CardTextBox.h"
 #include "authoring/EditMenu.h"
 #include "authoring/RowLabel.h"
 #include "authoring/SidePanel.h"
@@ -22,7 +23,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -59,8 +59,7 @@ frmEdit::frmEdit(SharedState& shared, Platform& platform, QWidget* owner, frmFin
 
 void frmEdit::MakeRows() {
   sspListBox = Add<QFrame>(QStringLiteral("sspListBox"));
-  sspListBox->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
-                            static_cast<int>(QFrame::Sunken));
+  ShowListFocus(false);
   sspListBox->setFocusPolicy(Qt::StrongFocus);
   sspListBox->setAccessibleName(QStringLiteral("Cards"));
   sspListBox->installEventFilter(this);
@@ -106,7 +105,7 @@ void frmEdit::LayOut() {
   count->setContentsMargins(0, 0, 0, 0);
   count->addWidget(new QLabel(QStringLiteral("Card Count"), sspCardCount));
   count->addWidget(lblCardCount);
-  lblCardCount->setAccessibleName(QStringLiteral("Position and card count"));
+  lblCardCount->setAccessibleDescription(QStringLiteral("Position and card count"));
   auto* const buttons = new QVBoxLayout;
   buttons->addWidget(sspCardCount);
   buttons->addStretch();
@@ -251,25 +250,9 @@ void frmEdit::vsbBar_Change(int topCard) {
   ShowAll();
 }
 
-/// Moves the selection by keys, scrolling at the ends of the page; cards with an empty front are
-/// passed over as far as they can be.
 void frmEdit::MoveSelection(int rows) {
   CommitTexts();
-  const int count = Stack().CardCount;
-  const int start = m_editor.SelRow() >= 0 ? m_editor.CurCard() : m_editor.TopCard() - 1;
-  const int step = rows < 0 ? -1 : 1;
-  int card = std::clamp(start + rows, 1, std::max(count, 1));
-  while (card >= 1 && card <= count && Stack().SideText(card, Front).empty() &&
-         Stack().SideText(card, Back).empty()) {
-    card += step;
-  }
-  if (card < 1 || card > count) return;
-  int top = m_editor.TopCard();
-  if (card < top) top = card;
-  if (card >= top + RowsPerPage) top = card - RowsPerPage + 1;
-  m_editor.ScrollTo(top);
-  const int row = card - m_editor.TopCard();
-  if (!m_editor.SelectRow(row, Front)) m_editor.SelectRow(row, Back);
+  m_editor.MoveSelection(rows);
   ShowAll();
 }
 
@@ -414,22 +397,39 @@ void frmEdit::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-void frmEdit::wheelEvent(QWheelEvent* event) {
-  if (vsbBar->isEnabled()) vsbBar->setValue(vsbBar->value() - event->angleDelta().y() / 120);
+/// The focus must be seen although the list is no ordinary control; nothing moves by it.
+void frmEdit::ShowListFocus(bool focused) {
+  const int width = sspListBox->frameWidth();
+  const int style = focused
+                        ? static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain)
+                        : static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken);
+  sspListBox->setFrameStyle(style);
+  sspListBox->setLineWidth(width);
+  sspListBox->setForegroundRole(focused ? QPalette::Highlight : QPalette::WindowText);
+}
+
+/// A row for each notch; what a touch pad sends of one adds up.
+void frmEdit::TurnWheel(int delta) {
+  constexpr int Notch = 120;
+  m_wheel += delta;
+  const int rows = m_wheel / Notch;
+  m_wheel -= rows * Notch;
+  if (vsbBar->isEnabled()) vsbBar->setValue(vsbBar->value() - rows);
 }
 
 bool frmEdit::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Wheel && (watched == vsbBar || watched == sspListBox)) {
+    TurnWheel(static_cast<QWheelEvent*>(event)->angleDelta().y());
+    event->accept();
+    return true;
+  }
   if (watched == vsbBar && event->type() == QEvent::KeyPress) {
     const int key = static_cast<QKeyEvent*>(event)->key();
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     if (enter && m_editor.SelRow() >= 0) Row_Click(m_editor.SelRow(), Front);
     if (enter) return true;
   }
-  // The focus must be seen although the list is no ordinary control.
-  if (watched == sspListBox &&
-      (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) {
-    sspListBox->setLineWidth(event->type() == QEvent::FocusIn ? 2 : 1);
-    sspListBox->update();
-  }
+  if (watched == sspListBox && event->type() == QEvent::FocusIn) ShowListFocus(true);
+  if (watched == sspListBox && event->type() == QEvent::FocusOut) ShowListFocus(false);
   return Form::eventFilter(watched, event);
 }

@@ -28,7 +28,6 @@ class frmEdit : public Form {
   bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Activate() override;
   void keyPressEvent(QKeyEvent* event) override;
-  void wheelEvent(QWheelEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -56,6 +55,8 @@ class frmEdit : public Form {
   void Row_Click(int row, int side);
   void vsbBar_Change(int topCard);
   void MoveSelection(int rows);
+  void ShowListFocus(bool focused);
+  void TurnWheel(int delta);
   void cmdEdit_Click();
   void cmdAppend_Click();
   void cmdDel_Click();
@@ -74,6 +75,7 @@ class frmEdit : public Form {
   CardEditor m_editor;
   frmFind& m_find;
   bool m_noSavePrompt = false;
+  int m_wheel = 0;  // turned, but not yet by a whole notch
 
   QFrame* sspListBox = nullptr;
   std::array<RowLabel*, RowsPerPage> lblCol1{};

@@ -5,6 +5,7 @@
 #include "keys/CardField.h"
 #include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
+#include "shell/Pointer.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -77,6 +78,7 @@ void frmFind::ShowForSearch() {
   setWindowTitle(ToQString(u"Finder - Using " + name));
   txtFind->setFocus();
   txtFind->selectAll();
+  SetPointer(PointerShape::Normal);  // the first showing alone is a loading
   ShowModal();
 }
 

@@ -1,9 +1,11 @@
 #include "base/DiskReplacement.h"
 
+#include "base/DiskNames.h"
 #include "base/SystemFile.h"
 
 #include <climits>
 #include <cstdlib>
+#include <ctime>
 #include <fcntl.h>
 #include <optional>
 #include <sys/stat.h>
@@ -14,6 +16,21 @@ namespace {
 Descriptor MakeTemporary(const std::string& folder, std::string& path) {
   path = folder + "/.quib-XXXXXX";
   return Descriptor(::mkostemp(path.data(), O_CLOEXEC));
+}
+
+/// Removes the temporary files of programs that were killed during a save. A save takes seconds;
+/// one that began an hour ago is nobody's any more.
+void RemoveLeftovers(const std::string& folder) {
+  constexpr std::string_view Prefix = ".quib-";
+  constexpr std::time_t Hour = 3600;
+  for (const std::string& name : NamesIn(folder)) {
+    if (!name.starts_with(Prefix) || name.size() != Prefix.size() + 6) continue;
+    const std::string path = std::string(folder).append("/").append(name);
+    struct stat info {};
+    const bool old = ::lstat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+                     info.st_mtime < std::time(nullptr) - Hour;
+    if (old) ::unlink(path.c_str());
+  }
 }
 
 /// Writes `content` under a new name in `folder`, flushed.
@@ -58,6 +75,7 @@ class RenamingReplacement : public FileReplacement {
       return StatusForPath(m_target, errno);
     }
     m_temporary.clear();
+    RemoveLeftovers(FolderOf(m_target));
     FlushFolder(FolderOf(m_target));
     return FileStatus::Ok;
   }

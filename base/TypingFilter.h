@@ -14,7 +14,8 @@ class TypingFilter : public QObject {
   Q_OBJECT
 
  public:
-  /// @param length  characters in the field before this one
+  /// @param length  characters in the field before this one, a selection included
+  /// @param typed   the first unit of the character; its two units are taken or discarded together
   using Accepts = std::function<bool(qsizetype length, QChar typed)>;
 
   TypingFilter(QLineEdit* field, Accepts accepts);
@@ -23,10 +24,9 @@ class TypingFilter : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  bool FilterKey(QKeyEvent* event);
-  bool FilterInputMethod(QInputMethodEvent* event);
+  bool IsDiscarded(const QKeyEvent& event) const;
+  void Filter(QInputMethodEvent& event) const;
 
   QLineEdit* m_field;
   Accepts m_accepts;
-  bool m_passing = false;
 };

@@ -79,11 +79,19 @@ void frmLoad::LayOut() {
   lblFolder->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   lblDesc->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   lblDesc->setMargin(4);
-  lblDesc->setAccessibleName(QStringLiteral("Description of the chosen file"));
+  lblDesc->setAccessibleDescription(QStringLiteral("Description of the chosen file"));
   lblDesc->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+
+  // Both lists are equally wide, whatever stands around them.
+  for (QListWidget* const list : {filStack, dirDirectory}) {
+    list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
+    list->setMinimumWidth(list->fontMetrics().averageCharWidth() * 28);
+  }
+  drvDrives->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 
   auto* const grid = new QGridLayout;
   grid->setHorizontalSpacing(16);
+  grid->setVerticalSpacing(6);
   grid->addWidget(lblFile, 0, 0);
   grid->addWidget(txtActFile, 1, 0);
   grid->addWidget(filStack, 2, 0, 3, 1);
@@ -93,6 +101,7 @@ void frmLoad::LayOut() {
   grid->addWidget(lblDrives, 3, 1);
   grid->addWidget(drvDrives, 4, 1);
   auto* const buttons = new QVBoxLayout;
+  buttons->setSpacing(6);
   buttons->addWidget(cmdOK);
   buttons->addWidget(cmdCancel);
   buttons->addSpacing(12);
@@ -107,7 +116,7 @@ void frmLoad::LayOut() {
   column->setContentsMargins(12, 12, 12, 12);
   column->addLayout(grid);
   SetTabOrder({txtActFile, filStack, dirDirectory, drvDrives, cmdOK, cmdCancel, cmdDesc});
-  resize(640, 400);
+  resize(sizeHint().expandedTo(QSize(640, 420)));
 }
 
 void frmLoad::Form_Load() {

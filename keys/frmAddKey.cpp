@@ -288,7 +288,7 @@ QWidget* frmAddKey::LayOutKeystroke() {
 void frmAddKey::SetNames() {
   vsbBar->setAccessibleName(QStringLiteral("Scroll the key assignments"));
   lstAddKey->setAccessibleName(QStringLiteral("Character"));
-  sspAscCode->setAccessibleName(QStringLiteral("Code of the character"));
+  sspAscCode->setAccessibleDescription(QStringLiteral("Code of the character"));
   sspAscCode->setToolTip(QStringLiteral("The character's code"));
   cboControlKey->setAccessibleName(QStringLiteral("Keystroke"));
   cboControlKey->setToolTip(QStringLiteral("Choose a keystroke, or press it here"));

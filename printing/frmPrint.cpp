@@ -170,7 +170,7 @@ void frmPrint::LayOut() {
   bottom->addWidget(cmdOK);
   bottom->addWidget(cmdCanc);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 16, 16, 12);
+  column->setContentsMargins(12, 12, 12, 12);
   column->setSpacing(12);
   column->addLayout(top);
   column->addWidget(fraFront, 1);

@@ -4,6 +4,7 @@
 guided-tour.py PROGRAM STACK [FOLDER FOR THE PICTURES]
 """
 
+import os
 import pathlib
 import shutil
 import sys
@@ -11,6 +12,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT))
 sys.dont_write_bytecode = True
+os.environ.setdefault("SDL_AUDIODRIVER", "dummy")  # a virtual desktop has no sound device
 
 from tests.support.desktop import Desktop, DesktopError  # noqa: E402
 

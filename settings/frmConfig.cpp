@@ -8,6 +8,7 @@
 #include "shell/TopicRemoval.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
@@ -86,15 +87,22 @@ void frmConfig::LayOut() {
   lstTopic->setAccessibleName(QStringLiteral("Topics"));
   txtTopic->setAccessibleName(QStringLiteral("Name of the new topic"));
   txtTopic->setMinimumWidth(260);
+  auto* const lblTopic = Add<QLabel>(QStringLiteral("lblTopic"), QStringLiteral("Topic name:"));
+  lblTopic->setVisible(m_shared.Switches.NewTopicMode);
+  auto* const name = new QVBoxLayout;
+  name->setSpacing(4);
+  name->addWidget(lblTopic);
+  name->addWidget(txtTopic);
   auto* const buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
   buttons->addStretch();
   buttons->addWidget(cmdAction);
   buttons->addWidget(cmdCancel);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 16, 16, 12);
+  column->setContentsMargins(12, 12, 12, 12);
   column->setSpacing(12);
   column->addWidget(lstTopic, 1);
-  column->addWidget(txtTopic);
+  column->addLayout(name);
   column->addLayout(buttons);
 }
 

@@ -26,12 +26,10 @@ Text ProgramFolder() { return ToText(QCoreApplication::applicationDirPath()); }
 
 }  // namespace
 
-void DesktopHelp::Show(HelpContext) { m_prompts.Show(MissingHelpPrompt(m_helpFile)); }
-
 DesktopServices::DesktopServices()
     : m_files(UserFolder(QStandardPaths::GenericDataLocation) + u"/rescue"),
       m_profile(m_files, SettingsPath(m_files)),
-      m_help(m_prompts, WithSeparator(ProgramFolder()).append(HelpFileName)),
+      m_help(m_prompts, HelpFilePlaces(ProgramFolder())),
       platform{m_prompts, m_files, m_profile,
                m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); }} {}
 

@@ -2,21 +2,10 @@
 
 #include "base/DiskFiles.h"
 #include "settings/ProfileFile.h"
+#include "shell/DesktopHelp.h"
 #include "shell/DesktopPrompts.h"
 #include "shell/Platform.h"
 #include "study/DesktopSound.h"
-
-/// Looks for the help file beside the program and in its data folder.
-class DesktopHelp : public HelpService {
- public:
-  DesktopHelp(Prompts& prompts, Text helpFile)
-      : m_prompts(prompts), m_helpFile(std::move(helpFile)) {}
-  void Show(HelpContext context) override;
-
- private:
-  Prompts& m_prompts;
-  Text m_helpFile;
-};
 
 /// The real desktop: message boxes, the file system, the user's settings file.
 class DesktopServices {

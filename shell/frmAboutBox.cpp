@@ -29,6 +29,7 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
   cmdOK->setText(QStringLiteral("OK"));
 
   auto* const words = new QVBoxLayout;
+  words->setSpacing(4);
   words->addWidget(lblTitle);
   words->addWidget(lblVersion);
   words->addSpacing(8);
@@ -39,11 +40,12 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
   top->addWidget(imgIcon, 0, Qt::AlignTop);
   top->addLayout(words, 1);
   auto* const buttons = new QHBoxLayout;
+  buttons->setSpacing(8);
   buttons->addStretch();
   buttons->addWidget(cmdOverview);
   buttons->addWidget(cmdOK);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(20, 20, 20, 16);
+  column->setContentsMargins(12, 12, 12, 12);
   column->setSpacing(20);
   column->addLayout(top);
   column->addLayout(buttons);
@@ -51,6 +53,7 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
 
   connect(cmdOverview, &QPushButton::clicked, this, &frmAboutBox::cmdOverview_Click);
   connect(cmdOK, &QPushButton::clicked, this, &frmAboutBox::cmdOK_Click);
+  cmdOverview->setShortcut(QKeySequence::HelpContents);
   SetOkButton(cmdOK);
   SetCancelButton(cmdOK);
   cmdOK->setFocus();

@@ -191,7 +191,7 @@ QLabel* frmMain::AddFontPanel(const QString& name, const QString& caption) {
   panel->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   panel->setAlignment(Qt::AlignCenter);
   panel->setMargin(8);
-  panel->setAccessibleName(caption);
+  panel->setAccessibleDescription(caption);
   panel->setToolTip(caption);
   return panel;
 }
@@ -211,7 +211,7 @@ void frmMain::LayOut() {
       AddFontPanel(QStringLiteral("sspBackFont"), QStringLiteral("Font of the cards' back sides"));
 
   auto* const grid = new QGridLayout;
-  grid->setContentsMargins(16, 16, 16, 16);
+  grid->setContentsMargins(0, 0, 0, 0);
   grid->setHorizontalSpacing(12);
   grid->setVerticalSpacing(8);
   grid->addWidget(lblStacks, 0, 0);
@@ -225,6 +225,23 @@ void frmMain::LayOut() {
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
 
+  lblHint = Add<QLabel>(QStringLiteral("lblHint"),
+                        QStringLiteral("Welcome!\n"
+                                       "Choose Load to open a stack of cards. "
+                                       "Stacks to try are in the place Samples.\n"
+                                       "Choose Create to type in a stack of your own."));
+  lblHint->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
+  lblHint->setBackgroundRole(QPalette::Base);
+  lblHint->setForegroundRole(QPalette::Text);
+  lblHint->setAutoFillBackground(true);
+  lblHint->setAlignment(Qt::AlignCenter);
+  lblHint->setMargin(12);
+
+  auto* const content = new QVBoxLayout;
+  content->setContentsMargins(12, 12, 12, 12);
+  content->setSpacing(12);
+  content->addLayout(grid);
+  content->addWidget(lblHint);
   auto* const column = qobject_cast<QVBoxLayout*>(layout());
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
@@ -233,7 +250,7 @@ void frmMain::LayOut() {
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
   column->addWidget(line);
-  column->addLayout(grid);
+  column->addLayout(content);
   column->addStretch();
   cboStacks->setFocus();
 }
@@ -307,9 +324,20 @@ void frmMain::ShowStackInfo() {
   const QString count =
       cards == 1 ? QStringLiteral("1 card") : QStringLiteral("%1 cards").arg(cards);
   const QString topic = ToQString(m_shared.Topics.Name(m_shared.Topics.CurrentTopic));
-  lblStackInfo->setText(m_shared.Stacks.StackCount >= 0
-                            ? count + QStringLiteral(", topic ") + topic
-                            : QStringLiteral("No stack is loaded. Topic ") + topic);
+  const bool loaded = m_shared.Stacks.StackCount >= 0;
+  lblStackInfo->setText(loaded ? count + QStringLiteral(", topic ") + topic
+                               : QStringLiteral("No stack is loaded. Topic ") + topic);
+  ShowHint(!loaded);
+}
+
+void frmMain::ShowHint(bool shown) {
+  if (lblHint->isHidden() == !shown) return;
+  // The window grows and shrinks with the hint, unless the user has given it another height.
+  const bool ownHeight = isVisible() && height() == sizeHint().height();
+  lblHint->setVisible(shown);
+  if (!ownHeight) return;
+  layout()->activate();
+  resize(width(), sizeHint().height());
 }
 
 // The Chooser's item and button follow no rule: they can always be pressed. Meant so.

@@ -56,6 +56,7 @@ class frmMain : public Form {
   void SelectStack(int index);
   void ShowFonts();
   void ShowStackInfo();
+  void ShowHint(bool shown);
 
   void cboStacks_Click(int index);
   void mnuLoad_Click();

@@ -6,6 +6,7 @@
 #include "shell/Pointer.h"
 #include "shell/frmMain.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -50,4 +51,6 @@ void frmStartup::Run(const Text& commandLine, int milliseconds) {
   SetPointer(PointerShape::Busy);
   m_main = std::make_unique<frmMain>(m_shared, m_platform, commandLine, this);
   m_main->show();
+  // Input that was held back waits for the next event otherwise.
+  QAbstractEventDispatcher::instance()->wakeUp();
 }

@@ -9,7 +9,9 @@
 
 ChooserPanel::ChooserPanel(QWidget* owner) : QWidget(owner) {
   auto* const grid = new QGridLayout(this);
-  grid->setContentsMargins(12, 0, 12, 0);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setHorizontalSpacing(12);
+  grid->setVerticalSpacing(8);
   grid->setColumnStretch(1, 1);
   for (int i = 0; i < ChoiceCount; ++i) {
     const QString number = QString::number(i + 1);

@@ -24,6 +24,9 @@
 #include <QScrollArea>
 #include <QToolButton>
 
+#include <algorithm>
+#include <climits>
+
 namespace {
 
 constexpr int MarkSize = 32;
@@ -33,7 +36,7 @@ constexpr int PictureHeight = 160;       // pixels, added where a stack has pict
 /// A card text breaks where the card says and nowhere else, so a long line scrolls.
 QScrollArea* Scrolling(QLabel* label, QWidget* owner) {
   label->setAlignment(Qt::AlignCenter);
-  label->setMargin(12);
+  label->setMargin(4);
   auto* const area = new QScrollArea(owner);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
@@ -106,15 +109,17 @@ void frmStepper::MakeControls() {
                              plain ? QStringLiteral("Quit") : QStringLiteral("&Quit"));
   tmrTimer = new QTimer(this);
   tmrTimer->setObjectName(QStringLiteral("tmrTimer"));
+  tmrTimer->setTimerType(Qt::PreciseTimer);  // a coarse one may tick early
 }
 
 void frmStepper::LayOut() {
   LayOutCard();
   const std::array<QString, 2> tips = {QStringLiteral("Play the question's sound"),
                                        QStringLiteral("Play the answer's sound")};
+  const int soundIcon = fontMetrics().height() + 4;
   for (std::size_t i = 0; i < ssrSound.size(); ++i) {
     ssrSound[i]->setIcon(TintedIcon("sound"));
-    ssrSound[i]->setIconSize(QSize(20, 20));
+    ssrSound[i]->setIconSize(QSize(soundIcon, soundIcon));
     ssrSound[i]->setToolTip(tips[i]);
     ssrSound[i]->setAccessibleName(tips[i]);
   }
@@ -170,16 +175,23 @@ void frmStepper::LayOutCard() {
     line->setForegroundRole(QPalette::Text);
     line->setAutoFillBackground(true);
   }
-  lblTop->setAccessibleName(QStringLiteral("Question"));
-  lblBottom->setAccessibleName(QStringLiteral("Answer"));
-  auto* const middle = new QFrame(sspTop);
+  lblTop->setAccessibleDescription(QStringLiteral("Question"));
+  lblBottom->setAccessibleDescription(QStringLiteral("Answer"));
+  m_answerHalf = new QWidget(sspTop);
+  auto* const middle = new QFrame(m_answerHalf);
   middle->setFrameShape(QFrame::HLine);
   middle->setFrameShadow(QFrame::Sunken);
+  auto* const answer = new QVBoxLayout(m_answerHalf);
+  answer->setContentsMargins(0, 0, 0, 0);
+  answer->setSpacing(4);
+  answer->addWidget(middle);
+  answer->addWidget(Scrolling(lblBottom, m_answerHalf), 1);
   auto* const card = new QVBoxLayout(sspTop);
+  card->setContentsMargins(12, 8, 12, 8);
+  card->setSpacing(8);
   card->addWidget(Scrolling(lblTop, sspTop), 2);
   card->addWidget(picTop, 3);
-  card->addWidget(middle);
-  card->addWidget(Scrolling(lblBottom, sspTop), 2);
+  card->addWidget(m_answerHalf, 2);
 }
 
 QWidget* frmStepper::MakeSpellerRow() {
@@ -188,7 +200,7 @@ QWidget* frmStepper::MakeSpellerRow() {
   auto* const lblCorrect =
       Add<QLabel>(QStringLiteral("lblCorrect"), QStringLiteral("Correct answer:"));
   txtSpell->setAccessibleName(lblSpell->text());
-  lblSpellAnswer->setAccessibleName(lblCorrect->text());
+  lblSpellAnswer->setAccessibleDescription(lblCorrect->text());
   lblSpellAnswer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* const grid = new QGridLayout(row);
   grid->setContentsMargins(0, 0, 0, 0);
@@ -209,7 +221,7 @@ QWidget* frmStepper::MakeScoreRow() {
     line->addWidget(new QLabel(caption, row));
     line->addWidget(counter);
     line->addSpacing(12);
-    counter->setAccessibleName(caption);
+    counter->setAccessibleDescription(caption);
   };
   addCounter(QStringLiteral("Right:"), lblRight);
   addCounter(QStringLiteral("Wrong:"), lblWrong);
@@ -232,8 +244,7 @@ QWidget* frmStepper::MakeScoreRow() {
 
 void frmStepper::Form_Load() {
   const StudyMode chosen = m_shared.Switches.StudyMode;
-  setWindowTitle(ToQString(
-      StudyTitle(chosen, Stack().StackName, m_shared.Topics.Name(m_shared.Topics.CurrentTopic))));
+  setWindowTitle(ToQString(StudyTitle(chosen, Stack().StackName, m_topicName)));
   tmrTimer->setInterval(m_shared.Timer.TimerInterval);
   picTop->setVisible(HasPictures(Stack()));
   ShowSessionStart();
@@ -267,29 +278,28 @@ void frmStepper::ShowSessionStart() {
 
 void frmStepper::ApplyFonts() {
   const TopicFonts& fonts = m_topic.Fonts;
-  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize);
-  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize);
-  const QFont& answer = m_session.firstSide == Front ? back : front;
+  const auto fontOf = [&](int side, float zoom) {
+    return side == Front ? DisplayFont(fonts.FrontFont, fonts.FrontSize * zoom)
+                         : DisplayFont(fonts.BackFont, fonts.BackSize * zoom);
+  };
+  const float zoom = CardZoom(sspTop->width(), sspTop->height());
+  lblTop->setFont(fontOf(m_session.firstSide, zoom));
+  lblBottom->setFont(fontOf(m_session.AnswerSide(), zoom));
+  // The rows below take their height from the card, so the width alone decides about them.
+  const float rowZoom = std::min(CardZoom(sspTop->width(), INT_MAX), ComfortableZoom);
+  const QFont answer = fontOf(m_session.AnswerSide(), rowZoom);
   txtSpell->setFont(answer);
   lblSpellAnswer->setFont(answer);
   m_chooser->SetAnswerFont(answer);
-  ApplyCardFonts();
-}
-
-void frmStepper::ApplyCardFonts() {
-  const TopicFonts& fonts = m_topic.Fonts;
-  const float zoom = CardZoom(sspTop->width(), sspTop->height());
-  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize * zoom);
-  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize * zoom);
-  const bool frontFirst = m_session.firstSide == Front;
-  lblTop->setFont(frontFirst ? front : back);
-  lblBottom->setFont(frontFirst ? back : front);
 }
 
 /// Puts the display state on the screen, at once: a sound that follows holds everything up.
 bool frmStepper::Render() {
   lblTop->setText(ToShownText(m_display.questionLine));
   lblBottom->setText(ToShownText(m_display.answerLine));
+  // The Chooser's answers stand below the card; only a card that is turned over there has text on
+  // its lower half.
+  m_answerHalf->setVisible(!IsChooser() || !m_display.answerLine.empty());
   lblSpellAnswer->setText(ToShownText(m_display.correctAnswer));
   ssrSound[0]->setEnabled(m_display.questionSoundEnabled);
   ssrSound[1]->setEnabled(m_display.answerSoundEnabled);
@@ -448,7 +458,7 @@ void frmStepper::txtSpell_LostFocus() {
 }
 
 bool frmStepper::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == sspTop && event->type() == QEvent::Resize) ApplyCardFonts();
+  if (watched == sspTop && event->type() == QEvent::Resize) ApplyFonts();
   return Form::eventFilter(watched, event);
 }
 

@@ -61,7 +61,6 @@ class frmStepper : public Form {
   void SetSideControls(bool enabled);
   void ApplyFonts();
   /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
-  void ApplyCardFonts();
   /// Plays a card's sound unless sounds are off.
   /// @return false when this window was deleted meanwhile
   bool PlayCardSound(const Text& name);
@@ -87,6 +86,7 @@ class frmStepper : public Form {
   QLabel* lblTop = nullptr;
   QLabel* lblBottom = nullptr;
   PictureBox* picTop = nullptr;
+  QWidget* m_answerHalf = nullptr;  // of the card, with lblBottom
   QLabel* lblCardCount = nullptr;
   QLabel* lblRight = nullptr;
   QLabel* lblWrong = nullptr;

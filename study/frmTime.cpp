@@ -5,6 +5,7 @@
 #include "shell/Pointer.h"
 
 #include <QCheckBox>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -55,34 +56,35 @@ void frmTime::LayOut() {
   txtOther->setMaximumWidth(100);
 
   auto* const other = new QHBoxLayout;
+  other->setSpacing(8);
   other->addWidget(oOther);
   other->addWidget(txtOther);
   other->addWidget(Label2);
-  auto* const times = new QVBoxLayout;
-  times->addWidget(Label1);
+  other->addStretch();
+  auto* const grid = new QGridLayout;
+  grid->setHorizontalSpacing(40);
+  grid->setVerticalSpacing(8);
+  grid->addWidget(Label1, 0, 0);
+  int row = 1;
   for (QRadioButton* const option : {oNone, o250msecs, o500msecs, o1000msecs}) {
-    times->addWidget(option);
+    grid->addWidget(option, row++, 0);
   }
-  times->addLayout(other);
-  auto* const switches = new QVBoxLayout;
-  switches->addWidget(Picture1, 0, Qt::AlignCenter);
-  switches->addStretch();
-  for (QCheckBox* const box : {DisplayWord, PlaySound, ShowPicture}) switches->addWidget(box);
-  auto* const top = new QHBoxLayout;
-  top->setSpacing(32);
-  top->addLayout(times);
-  top->addLayout(switches);
+  grid->addLayout(other, row, 0);
+  // The switches stand beside the last three times.
+  for (QCheckBox* const box : {ShowPicture, PlaySound, DisplayWord}) grid->addWidget(box, row--, 1);
+  grid->addWidget(Picture1, 0, 1, row + 1, 1, Qt::AlignHCenter | Qt::AlignTop);
 
   auto* const sspButtons = Add<QFrame>(QStringLiteral("sspButtons"));
   auto* const buttons = new QHBoxLayout(sspButtons);
   buttons->setContentsMargins(0, 0, 0, 0);
+  buttons->setSpacing(8);
   buttons->addStretch();
   buttons->addWidget(cmdOK);
   buttons->addWidget(cmdCanc);
   auto* const column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 16, 16, 12);
-  column->setSpacing(16);
-  column->addLayout(top);
+  column->setContentsMargins(12, 12, 12, 12);
+  column->setSpacing(20);
+  column->addLayout(grid);
   column->addWidget(sspButtons);
   column->setSizeConstraint(QLayout::SetFixedSize);
 }

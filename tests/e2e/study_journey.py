@@ -1,104 +1,58 @@
 """A newcomer's first session: start on a stack, step through all of it, turn it over, redo a card,
 restart; study it timed; load it through the dialog; and leave everything on disk as it was."""
 
-import hashlib
-import pathlib
-import sys
 import time
 
-from tests.support.desktop import Desktop, DesktopError
+from tests.support.journey import (digest, expect, expect_equal, run, session, settings_of,
+                                   stack_of)
 
-TITLE = "Quib!Cards 5.50"
-SETTINGS = (
-    "[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Spanish\r\n"
-    "[General]\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\n"
-    "BACKFONT=MS Sans Serif\r\nBACKSIZE=8.25\r\n"
-    "[Spanish]\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\n"
-    "BACKFONT=MS Sans Serif\r\nBACKSIZE=8.25\r\n"
-)
+SETTINGS = settings_of("General", "Spanish")
 CARDS = [("dog", "perro"), ("cat", "gato"), ("house", "casa")]
 
 
-def expect(condition, what):
-    if not condition:
-        raise DesktopError(what)
+def prepare(journey):
+    journey.write_settings(SETTINGS)
+    stack = journey.cards / "first words.QBC"
+    stack.write_bytes(stack_of("Spanish", "Three words", CARDS))
+    return stack, digest(journey.cards)
 
 
-def digest(folder):
-    return {path.name: hashlib.sha256(path.read_bytes()).hexdigest()
-            for path in sorted(folder.iterdir())}
+def expect_files_untouched(journey, before):
+    expect_equal(digest(journey.cards), before, "the stack files")
+    expect_equal(journey.settings.read_bytes(), SETTINGS, "the settings")
 
 
-def write_stack(path):
-    lines = ["Spanish", "Three words".ljust(64)]
-    for front, back in CARDS:
-        lines += [front + "  ", back + "  "]
-    path.write_bytes("".join(line + "\r\n" for line in lines).encode("cp1252"))
+def open_timer(journey, key):
+    journey.menu("alt+s", key)
+    journey.desktop.wait_for("Set Timer")
 
 
-class Journey:
-    def __init__(self, desktop):
-        self.desktop = desktop
-        self.cards = desktop.home / "cards"
-        self.cards.mkdir()
-        write_stack(self.cards / "first words.QBC")
-        self.settings = desktop.home / "config" / "quibcards" / "QUIBCRDS.INI"
-        self.settings.parent.mkdir(parents=True)
-        self.settings.write_bytes(SETTINGS.encode("cp1252"))
-        self.before = digest(self.cards)
+def step_through(journey, title):
+    window = journey.desktop.wait_for(title)
+    for number, _ in enumerate(CARDS, 1):
+        question = turn(journey, window)
+        journey.desktop.picture(f"question-{number}")
+        answer = turn(journey, window)
+        expect(question != answer, "the answer did not appear")
+    return window
 
-    def start(self, *arguments):
-        self.desktop.start(*arguments)
-        self.main = self.desktop.wait_until(self.main_window, "the main window")
-        self.desktop.activate(TITLE)
 
-    def main_window(self):
-        """The main window, once the splash (which has the same title) is no longer alone."""
-        windows = self.desktop.windows(TITLE)
-        return next((w for w in windows if self.desktop.geometry(w)[2] > 400), None)
-
-    def wait_for_box(self):
-        """Waits for a message box: an active window with the program's title that is not the main
-        one."""
-        def active_box():
-            active = self.desktop._run_quietly("xdotool", "getactivewindow").strip()
-            return active if active in self.desktop.windows(TITLE) and active != self.main else None
-        return self.desktop.wait_until(active_box, "a message box")
-
-    def study(self, key, title):
-        self.desktop.activate(TITLE)
-        self.desktop.key("alt+s", key)
-        self.desktop.wait_for("Set Timer")
-        return title
-
-    def step_through(self, title):
-        window = self.desktop.wait_for(title)
-        for number, _ in enumerate(CARDS, 1):
-            question = self.turn(window)
-            self.desktop.picture(f"question-{number}")
-            answer = self.turn(window)
-            expect(question != answer, "the answer did not appear")
-        return window
-
-    def turn(self, window):
-        """Presses Next and waits until the window shows something else."""
-        before = self.desktop.look_at(window)
-        self.desktop.key("space")
-        self.desktop.wait_until(lambda: self.desktop.look_at(window) != before, "the next step")
-        return self.desktop.settled_look_at(window)
-
-    def expect_files_untouched(self):
-        expect(digest(self.cards) == self.before, "a stack file changed")
-        expect(self.settings.read_bytes() == SETTINGS.encode("cp1252"), "the settings changed")
+def turn(journey, window):
+    """Presses Next and waits until the window shows something else."""
+    before = journey.desktop.look_at(window)
+    journey.desktop.key("space")
+    journey.desktop.wait_until(lambda: journey.desktop.look_at(window) != before, "the next step")
+    return journey.desktop.settled_look_at(window)
 
 
 def whole_pass(journey):
     desktop = journey.desktop
     desktop.picture("main")
-    title = journey.study("s", "Stepper - first words (Spanish)")
+    title = "Stepper - first words (Spanish)"
+    open_timer(journey, "s")
     desktop.picture("timer")
     desktop.key("Return")
-    window = journey.step_through(title)
+    window = step_through(journey, title)
 
     # Turned over with Back, the card looks different; turned back, the same again.
     shown = desktop.settled_look_at(window)
@@ -110,25 +64,23 @@ def whole_pass(journey):
 
     # A redone last card comes once more, so the pass ends one card later.
     desktop.key("alt+r")
-    journey.turn(window)
-    journey.turn(window)
+    turn(journey, window)
+    turn(journey, window)
     desktop.key("space")
-    journey.wait_for_box()
-    desktop.picture("no-more-cards")
-    desktop.key("alt+y")
+    journey.answer_box("No more cards - Restart?", "alt+y", picture="no-more-cards")
     desktop.wait_for(title)
     desktop.settled_look_at(window)
     desktop.picture("restarted")
-    journey.step_through(title)
+    step_through(journey, title)
     desktop.key("space")
-    journey.wait_for_box()
-    desktop.key("Escape")
+    journey.answer_box("No more cards - Restart?", "Escape")
     desktop.wait_until_gone(title)
 
 
 def timed(journey):
     desktop = journey.desktop
-    title = journey.study("q", "Quibber - first words (Spanish)")
+    title = "Quibber - first words (Spanish)"
+    open_timer(journey, "q")
     desktop.key("alt+2", "Return")
     window = desktop.wait_for(title)
     empty = desktop.settled_look_at(window)
@@ -158,15 +110,13 @@ def timed(journey):
 
 def load_through_the_dialog(journey):
     desktop = journey.desktop
-    desktop.activate(TITLE)
-    desktop.key("ctrl+o")
+    journey.menu("ctrl+o")
     desktop.wait_for("Load Stack of Cards")
     desktop.picture("load")
     desktop.type("absent.QBC")
     desktop.key("Return")
-    desktop.wait_for("Quib!Cards 5.50 Error")
-    desktop.picture("not-found")
-    desktop.key("Return")
+    journey.answer_box("The file was not found.", "Return", picture="not-found",
+                       title="Quib!Cards 5.50 Error")
     desktop.wait_for("Load Stack of Cards")
     desktop.key("ctrl+a")
     desktop.type("first words.QBC")
@@ -175,30 +125,25 @@ def load_through_the_dialog(journey):
     whole_pass(journey)
 
 
-def main():
-    program, pictures = sys.argv[1:3]
-    with Desktop(program, pictures) as desktop:
-        journey = Journey(desktop)
-        journey.start(journey.cards / "first words.QBC")
+def first_session(program, pictures):
+    with session(program, pictures) as journey:
+        stack, before = prepare(journey)
+        journey.start(stack)
         whole_pass(journey)
         timed(journey)
-        desktop.activate(TITLE)
-        desktop.key("ctrl+q")
-        desktop.wait_for_end()
-        journey.expect_files_untouched()
-    with Desktop(program, pathlib.Path(pictures) / "dialog") as desktop:
-        journey = Journey(desktop)
-        # A shell user's bare name: the current folder has it, so it becomes the default folder.
-        desktop.start("first words", folder=journey.cards)
-        journey.main = desktop.wait_until(journey.main_window, "the main window")
-        desktop.activate(TITLE)
+        journey.quit()
+        expect_files_untouched(journey, before)
+
+
+def from_a_shell(program, pictures):
+    with session(program, pictures) as journey:
+        _, before = prepare(journey)
+        # A bare name: the current folder has it, so it becomes the default folder.
+        journey.start("first words", folder=journey.cards)
         load_through_the_dialog(journey)
-        desktop.activate(TITLE)
-        desktop.key("ctrl+q")
-        desktop.wait_for_end()
-        journey.expect_files_untouched()
-    print("1 passed, 0 failed")
+        journey.quit()
+        expect_files_untouched(journey, before)
 
 
 if __name__ == "__main__":
-    main()
+    run(first_session, from_a_shell)

@@ -118,7 +118,7 @@ class Gallery {
     window.show();
     window.activateWindow();
     (void)QTest::qWaitForWindowActive(&window);
-    QApplication::processEvents();
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();  // layouts within layouts
     const QString number = QStringLiteral("%1-").arg(++m_taken, 2, 10, QLatin1Char('0'));
     if (!window.grab().save(m_folder.filePath(number + name + QStringLiteral(".png")))) {
       throw std::runtime_error("cannot write " + name.toStdString());
@@ -186,7 +186,7 @@ class Gallery {
       Click(window, "cmdNext");
     }
     Take(window, name + QStringLiteral("-answer"));
-    if (mode == StudyMode::Speller) TakeRightSpelling(window, name);
+    if (name == QStringLiteral("speller")) TakeRightSpelling(window, name);
     if (mode == StudyMode::Stepper) {
       window.resize(window.minimumSize());
       Take(window, name + QStringLiteral("-smallest"));

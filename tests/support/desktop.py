@@ -8,6 +8,8 @@ import subprocess
 import tempfile
 import time
 
+from tests.support.screenreader import ScreenReader
+
 PATIENCE = 20  # seconds that a window or a change may take on a busy machine
 
 
@@ -35,7 +37,8 @@ class Picture:
 class Desktop:
     """Xvfb, a window manager, a private home, and the program."""
 
-    def __init__(self, program, pictures, size="1280x800", scale=1.0, dark=False):
+    def __init__(self, program, pictures, size="1280x800", scale=1.0, dark=False,
+                 reader=False, user=None):
         self.program = str(program)
         self.pictures = pathlib.Path(pictures)
         self.pictures.mkdir(parents=True, exist_ok=True)
@@ -43,6 +46,12 @@ class Desktop:
         (self.home / "Documents").mkdir()
         self.processes = []
         self.application = None
+        # As root, the program can be run as another user, whom a read-only folder stops.
+        self.as_user = []
+        if user is not None:
+            self.as_user = ["setpriv", f"--reuid={user}", f"--regid={user}", "--clear-groups"]
+            for folder in (self.home, self.home / "Documents"):
+                os.chown(folder, user, user)
         self.environment = dict(
             os.environ,
             HOME=str(self.home),
@@ -55,8 +64,14 @@ class Desktop:
         )
         if dark:
             self.environment["QT_QPA_PLATFORMTHEME"] = "gtk3"
-        self._start_display(size)
-
+        self.reader = None
+        try:
+            self._start_display(size)
+            if reader:
+                self._start_reader(user)
+        except BaseException:
+            self.close()
+            raise
     def __enter__(self):
         return self
 
@@ -64,7 +79,8 @@ class Desktop:
         self.close()
 
     def close(self):
-        for process in [self.application, *reversed(self.processes)]:
+        reader = [] if self.reader is None else [self.reader.daemon]
+        for process in [self.application, *reader, *reversed(self.processes)]:
             if process is not None and process.poll() is None:
                 process.terminate()
                 try:
@@ -98,10 +114,15 @@ class Desktop:
         result = subprocess.run(command, env=self.environment, capture_output=True, text=True)
         return result.stdout
 
-    def start(self, *arguments, folder=None):
-        """Starts the program."""
+    def _start_reader(self, user):
+        self.reader = ScreenReader(self.home, self.environment, self.as_user, user)
+        self.environment.update(self.reader.environment)
+
+    def start(self, *arguments, folder=None, before=()):
+        """Starts the program, `before` being a command that starts it in turn."""
         self.application = subprocess.Popen(
-            [self.program, *map(str, arguments)], env=self.environment, cwd=folder or self.home)
+            [*self.as_user, *before, self.program, *map(str, arguments)], env=self.environment,
+            cwd=folder or self.home)
 
     def wait_for_end(self):
         """Waits until the program has ended; fails unless it ended well."""
@@ -132,7 +153,8 @@ class Desktop:
     def windows(self, title):
         """Visible windows with exactly this title."""
         found = []
-        for window in self._run_quietly("xdotool", "search", "--onlyvisible", "--name", ".").split():
+        visible = self._run_quietly("xdotool", "search", "--onlyvisible", "--name", ".")
+        for window in visible.split():
             if self._run_quietly("xdotool", "getwindowname", window).rstrip("\n") == title:
                 found.append(window)
         return found
@@ -149,10 +171,19 @@ class Desktop:
     def wait_until_gone(self, title):
         self.wait_until(lambda: not self.windows(title), f"the end of '{title}'")
 
+    def active_window(self):
+        return self._run_quietly("xdotool", "getactivewindow").strip()
+
     def activate(self, title):
-        window = self.windows(title)[0]
-        self._run_quietly("xdotool", "windowactivate", "--sync", window)
-        self.wait_for(title)
+        """Brings the window with this title up; of several the largest, not the splash."""
+        def size(window):
+            _, _, width, height = self.geometry(window)
+            return width * height
+        self.raise_window(max(self.windows(title), key=size))
+
+    def raise_window(self, window):
+        self._run_quietly("xdotool", "windowactivate", window)
+        self.wait_until(lambda: self.active_window() == window, "the window to come up")
 
     def key(self, *keys):
         subprocess.run(["xdotool", "key", "--clearmodifiers", *keys], env=self.environment,
@@ -173,6 +204,12 @@ class Desktop:
         """Clicks at a place inside a window."""
         subprocess.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1"],
                        env=self.environment, check=True)
+
+    def click_thing(self, thing):
+        """Clicks into the middle of what the screen reader has found."""
+        x, y, width, height = thing.place
+        subprocess.run(["xdotool", "mousemove", str(x + width // 2), str(y + height // 2), "click",
+                        "1"], env=self.environment, check=True)
 
     def look(self):
         """The screen as it is now."""

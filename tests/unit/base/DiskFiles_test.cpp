@@ -490,6 +490,10 @@ TEST_F(DiskFilesTest, AFullDiskLeavesTheOldContentOfAFileThatIsOverwrittenInPlac
 
 TEST_F(DiskFilesTest, SaysWhenTooManyFilesAreOpen) {
   Put("verbs.QBC", "old");
+  // Once with files to spare: a sanitizer that looks at the object for the first time opens some
+  // too.
+  ASSERT_EQ(ReadStatus("verbs.QBC"), FileStatus::Ok);
+  ASSERT_EQ(Write("other.QBC", "x"), FileStatus::Ok);
   rlimit old{};
   ::getrlimit(RLIMIT_NOFILE, &old);
   const rlimit none{0, old.rlim_max};
@@ -499,6 +503,18 @@ TEST_F(DiskFilesTest, SaysWhenTooManyFilesAreOpen) {
   ::setrlimit(RLIMIT_NOFILE, &old);
   EXPECT_EQ(read, FileStatus::TooManyFiles);
   EXPECT_EQ(written, FileStatus::TooManyFiles);
+}
+
+TEST_F(DiskFilesTest, ASaveRemovesWhatAKilledOneLeftLongAgo) {
+  Put(".quib-AAAAAA", "left long ago");
+  Put(".quib-BBBBBB", "being written now");
+  Put(".quib-notes", "somebody else's");
+  fs::last_write_time(Cards() / ".quib-AAAAAA",
+                      fs::file_time_type::clock::now() - std::chrono::hours(2));
+  fs::last_write_time(Cards() / ".quib-notes",
+                      fs::file_time_type::clock::now() - std::chrono::hours(2));
+  EXPECT_EQ(Write("verbs.QBC", "x"), FileStatus::Ok);
+  EXPECT_EQ(Names(Cards()), (std::set<std::string>{".quib-BBBBBB", ".quib-notes", "verbs.QBC"}));
 }
 
 // Removing

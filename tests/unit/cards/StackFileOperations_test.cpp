@@ -19,8 +19,8 @@ class StackFileOperationsTest : public testing::Test {
     return SaveStack(stacks, files, prompts, u"c", fileName, mode, u"Topic");
   }
 
-  StackStore stacks;
   MemoryFiles files;
+  StackStore stacks;
   ScriptedPrompts prompts;
 };
 

@@ -69,8 +69,8 @@ class StackReaderTest : public testing::Test {
                  u"Quib!Cards 5.50 Error");
   }
 
-  StackStore stacks;
   MemoryFiles files;
+  StackStore stacks;
   ScriptedPrompts prompts;
   std::vector<Text> checkedNames;
   std::size_t promptsBeforeCheck = 0;

@@ -31,8 +31,8 @@ class WriteStackFileTest : public testing::Test {
     return WriteStackFile(stacks, files, prompts, u"c", u"x.QBC", mode, u"Spanish");
   }
 
-  StackStore stacks;
   MemoryFiles files;
+  StackStore stacks;
   ScriptedPrompts prompts;
 };
 

@@ -1,7 +1,10 @@
+#include "study/CardZoom.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QRadioButton>
 #include <QTimer>
+
+#include <climits>
 
 namespace {
 
@@ -151,12 +154,20 @@ TEST_F(ChooserWindow, RestartCountsFromZero) {
   EXPECT_FALSE(OptionEnabled(window, 0));
 }
 
-TEST_F(ChooserWindow, ChoicesStandInTheFontOfTheAnswerSide) {
+TEST_F(ChooserWindow, ChoicesStandInTheFontOfTheAnswerSideAndGrowWithTheCardsWidth) {
   shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
   frmStepper& window = OpenChooser();
-  EXPECT_EQ(Find<QLabel>(window, "lblChoice(0)").font().pointSizeF(), 20);
+  const auto expectPoints = [&](float points) {
+    const float zoom = CardZoom(Find<QWidget>(window, "sspTop").width(), INT_MAX);
+    EXPECT_NEAR(Find<QLabel>(window, "lblChoice(0)").font().pointSizeF(), points * zoom, 0.01);
+    return zoom;
+  };
+  window.resize(window.minimumSize());
+  const float least = expectPoints(20);
   Click(window, "ssoBack");
-  EXPECT_EQ(Find<QLabel>(window, "lblChoice(0)").font().pointSizeF(), 12);
+  expectPoints(12);
+  window.resize(window.minimumSize() + QSize(SmallestCardWidth / 4, 0));
+  EXPECT_GT(expectPoints(12), least);
 }
 
 }  // namespace

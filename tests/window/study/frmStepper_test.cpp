@@ -119,6 +119,24 @@ TEST_F(frmStepperTest, TheSmallestFontOpensLargeEnoughToRead) {
   EXPECT_GE(Find<QLabel>(window, "lblTop").fontInfo().pixelSize(), 18);
 }
 
+TEST_F(frmStepperTest, TheLowerHalfOfTheCardWaitsForTheAnswer) {
+  frmStepper& window = Open(4, {1});
+  Next(window);
+  EXPECT_TRUE(Find<QWidget>(window, "lblBottom").isVisible());
+}
+
+TEST_F(frmStepperTest, TheChoosersQuestionHasTheWholeCardUntilItIsTurnedOver) {
+  LoadStack(u"Verbs", 4);
+  frmStepper& window =
+      OpenWithNumbers({Draw(2, 4), 0.3, Draw(1, 4), Draw(3, 4), Draw(4, 4)}, StudyMode::Chooser);
+  Next(window);
+  EXPECT_FALSE(Find<QWidget>(window, "lblBottom").isVisible());
+  Click(window, "optChoice(1)");
+  Click(window, "ssoBack");
+  EXPECT_EQ(TextOf(window, "lblBottom"), "front 2");
+  EXPECT_TRUE(Find<QWidget>(window, "lblBottom").isVisible());
+}
+
 TEST_F(frmStepperTest, RedoBringsTheCardBackAndNextHasTheFocus) {
   frmStepper& window = Open(1, {1, 1});
   Next(window, 2);
