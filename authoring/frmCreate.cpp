@@ -74,14 +74,8 @@ void frmCreate::MakeMenus() {
   QMenuBar* const bar = AddMenuBar();
   new EditMenu(bar);
   m_keyMenus = new KeyMenus(bar, KeyMenuStyle::CardWindow, m_shared.Topic, m_shared, m_platform);
-  for (const KeySide side : {KeySide::Front, KeySide::Back}) {
-    CardField* const field = m_sides[side == KeySide::Front ? 0 : 1]->Field();
-    m_keyMenus->AddField(field);
-    connect(field, &CardField::GotFocus, this,
-            [this, side] { m_keyMenus->SetEnabled(side, true); });
-    connect(field, &CardField::LostFocus, this,
-            [this, side] { m_keyMenus->SetEnabled(side, false); });
-  }
+  m_keyMenus->AddSideField(m_sides[0]->Field(), KeySide::Front);
+  m_keyMenus->AddSideField(m_sides[1]->Field(), KeySide::Back);
   AddHelp(bar, HelpContext::Create);
 }
 

@@ -59,6 +59,12 @@ void KeyMenus::AddField(CardField* field) {
   connect(field, &CardField::GotFocus, this, [this, field] { m_field = field; });
 }
 
+void KeyMenus::AddSideField(CardField* field, KeySide side) {
+  AddField(field);
+  connect(field, &CardField::GotFocus, this, [this, side] { SetEnabled(side, true); });
+  connect(field, &CardField::LostFocus, this, [this, side] { SetEnabled(side, false); });
+}
+
 void KeyMenus::SetEnabled(KeySide side, bool enabled) { MenuOf(side).head->setEnabled(enabled); }
 
 void KeyMenus::Rebuild() {

@@ -40,6 +40,9 @@ class KeyMenus : public QObject {
   /// A field that characters may go to. Of several, the one that had the focus last gets them.
   void AddField(CardField* field);
 
+  /// The same for the field of one side, whose menu can be opened while that field has the focus.
+  void AddSideField(CardField* field, KeySide side);
+
   /// Builds heads and items anew: after a change of the topic, and when the window is activated.
   void Rebuild();
 

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 
 frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner)
     : Form("frmAboutBox", shared, platform, owner),
@@ -53,7 +54,8 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
 
   connect(cmdOverview, &QPushButton::clicked, this, &frmAboutBox::cmdOverview_Click);
   connect(cmdOK, &QPushButton::clicked, this, &frmAboutBox::cmdOK_Click);
-  cmdOverview->setShortcut(QKeySequence::HelpContents);
+  connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+          &frmAboutBox::cmdOverview_Click);
   SetOkButton(cmdOK);
   SetCancelButton(cmdOK);
   cmdOK->setFocus();

@@ -255,6 +255,16 @@ TEST_F(frmMainTest, TheAboutBoxTellsTheVersionAndOpensTheOverview) {
   EXPECT_EQ(help.contexts, std::vector{HelpContext::Overview});
 }
 
+TEST_F(frmMainTest, F1InTheAboutBoxOpensTheOverview) {
+  Open();
+  WithModal<frmAboutBox>([this] { Trigger("mnuAbout"); },
+                         [](frmAboutBox& window) {
+                           QTest::keyClick(&window, Qt::Key_F1);
+                           Click(window, "cmdOK");
+                         });
+  EXPECT_EQ(help.contexts, std::vector{HelpContext::Overview});
+}
+
 TEST_F(frmMainTest, HelpItemsAskForTheirPages) {
   Open();
   for (const char* const item : {"mnuHlp_Index", "mnuMMHelp", "mnuUsing"}) Trigger(item);
