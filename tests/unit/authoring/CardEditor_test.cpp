@@ -113,6 +113,55 @@ TEST_F(CardEditorTest, AFoundCardStandsInTheBottomRowWherePossible) {
   EXPECT_EQ(editor->CurCard(), 3);
 }
 
+TEST_F(CardEditorTest, KeysMoveTheSelectionAndScrollAtTheEndsOfThePage) {
+  Load(8);
+  editor->MoveSelection(1);
+  EXPECT_EQ(editor->CurCard(), 1);
+  editor->MoveSelection(RowsPerPage);
+  EXPECT_EQ(editor->CurCard(), 6);
+  EXPECT_EQ(editor->TopCard(), 2);
+  editor->MoveSelection(MaxCards);
+  EXPECT_EQ(editor->CurCard(), 8);
+  EXPECT_EQ(editor->TopCard(), 4);
+  editor->MoveSelection(-MaxCards);
+  EXPECT_EQ(editor->CurCard(), 1);
+  EXPECT_EQ(editor->TopCard(), 1);
+}
+
+TEST_F(CardEditorTest, KeysPassOverCardsWithoutAnyText) {
+  Load(4);
+  for (const int card : {2, 4}) {
+    stacks.Current().SetSideText(card, Front, u"");
+    stacks.Current().SetSideText(card, Back, u"");
+  }
+  editor->SelectRow(0, Front);
+  editor->MoveSelection(1);
+  EXPECT_EQ(editor->CurCard(), 3);
+  editor->MoveSelection(1);
+  EXPECT_EQ(editor->CurCard(), 3);
+  editor->MoveSelection(-1);
+  EXPECT_EQ(editor->CurCard(), 1);
+}
+
+TEST_F(CardEditorTest, KeysInAStackWithoutTextsSelectNothing) {
+  Load(0);
+  editor->MoveSelection(1);
+  EXPECT_EQ(editor->SelRow(), -1);
+  stacks.Current().CardCount = 2;
+  editor->MoveSelection(1);
+  EXPECT_EQ(editor->SelRow(), -1);
+}
+
+TEST_F(CardEditorTest, TheProbeTellsAnOpenFileFromACancelledDialog) {
+  Load(1);
+  EXPECT_NE(ProbeStackFile(stacks, files), FileStatus::FileAlreadyOpen);
+  files.Put(u"b7c891aq.6nq", "a file of that name changes nothing");
+  EXPECT_NE(ProbeStackFile(stacks, files), FileStatus::FileAlreadyOpen);
+  OpenTarget();
+  EXPECT_EQ(ProbeStackFile(stacks, files), FileStatus::FileAlreadyOpen);
+  EXPECT_EQ(files.Content(u"b7c891aq.6nq"), "a file of that name changes nothing");
+}
+
 TEST_F(CardEditorTest, ACommittedTextIsStoredAsItStands) {
   Load(2);
   editor->SelectRow(1, Front);

@@ -354,4 +354,32 @@ TEST(TooManyTopicsPrompt, NamesTheLimit) {
                PromptButtons::Ok, u"Quib!Cards 5.50");
 }
 
+// Names
+
+TEST(CleanTopicName, LeavesOutWhatWouldBreakTheLineOfTheSection) {
+  EXPECT_EQ(CleanTopicName(u"a[b]c"), u"abc");
+  EXPECT_EQ(CleanTopicName(u"a\r\nb\tc\u0085d\u007Fe"), u"abcde");
+}
+
+TEST(CleanTopicName, CutsBlanksAtBothEndsAlsoWhereTheCutMadeThem) {
+  EXPECT_EQ(CleanTopicName(u"  Old Norse "), u"Old Norse");
+  EXPECT_EQ(CleanTopicName(Text(19, u'x') + u" yz"), Text(19, u'x'));
+}
+
+TEST(CleanTopicName, KeepsTwentyCharactersAndNoHalfOfOne) {
+  EXPECT_EQ(CleanTopicName(Text(21, u'x')), Text(20, u'x'));
+  EXPECT_EQ(CleanTopicName(Text(19, u'x') + u"\U0001F600"), Text(19, u'x'));
+}
+
+TEST(CleanTopicName, MayLeaveNothing) { EXPECT_EQ(CleanTopicName(u" [ ] "), u""); }
+
+TEST(IsTakenTopicName, MindsLetterCaseButForTheListsOwnSection) {
+  TopicList topics;
+  topics.Names[0] = u"General";
+  topics.TopicCount = 0;
+  EXPECT_TRUE(IsTakenTopicName(topics, u"General"));
+  EXPECT_FALSE(IsTakenTopicName(topics, u"general"));
+  EXPECT_TRUE(IsTakenTopicName(topics, u"Topics"));
+}
+
 }  // namespace

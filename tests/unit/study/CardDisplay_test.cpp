@@ -41,6 +41,70 @@ class TurnOverTest : public CardDisplayTest {};
 const Text LongText = Text(30, u'a') + u" " + Text(30, u'b');
 const Text LongTextWrapped = Text(30, u'a') + u" \r\n" + Text(30, u'b');
 
+class VerdictTest : public CardDisplayTest {};
+
+TEST_F(VerdictTest, ASpellingShowsTheAnswerAsTheCardHasItWithoutBlanksAtItsEnd) {
+  stack.SetSideText(1, Back, u"El Perro  ");
+  Question();
+  ShowSpelling(display, session, stack, false);
+  EXPECT_EQ(display.correctAnswer, u"El Perro");
+  EXPECT_EQ(display.answerLine, u"El Perro");
+  EXPECT_EQ(display.mark, Mark::Wrong);
+  ShowSpelling(display, session, stack, true);
+  EXPECT_EQ(display.mark, Mark::Right);
+}
+
+TEST_F(VerdictTest, ASpellingIsNotWrapped) {
+  stack.SetSideText(1, Back, LongText);
+  ShowSpelling(display, session, stack, true);
+  EXPECT_EQ(display.answerLine, LongText);
+}
+
+TEST_F(VerdictTest, ASpellingOffersNeitherPictureNorSoundOfTheAnswer) {
+  Question();
+  ShowSpelling(display, session, stack, true);
+  EXPECT_EQ(display.picture, u"c/dog.bmp");
+  EXPECT_FALSE(display.answerSoundEnabled);
+}
+
+TEST_F(VerdictTest, ChoicesAreTheAnswerSidesUnwrappedAndEnabled) {
+  stack.SetSideText(2, Back, LongText);
+  session.choices = {1, 2, 1, 3, 0};
+  ShowChoices(display, session, stack);
+  EXPECT_EQ(display.choiceTexts,
+            (std::array<Text, ChoiceCount>{u"perro", LongText, u"perro", u""}));
+  EXPECT_EQ(display.choiceEnabled, (std::array<bool, ChoiceCount>{true, true, true, true}));
+}
+
+TEST_F(VerdictTest, AfterAChoiceEveryPlaceOfTheRightAnswerStaysEnabled) {
+  session.choices = {1, 2, 1, 2, 0};
+  ShowChoices(display, session, stack);
+  ShowChoiceMade(display, session, false);
+  EXPECT_EQ(display.choiceEnabled, (std::array<bool, ChoiceCount>{true, false, true, false}));
+  EXPECT_EQ(display.mark, Mark::Wrong);
+}
+
+TEST_F(VerdictTest, AQuestionShownAgainHasItsWordEvenWhenWordsAreHidden) {
+  settings.HideWord = true;
+  Question();
+  EXPECT_EQ(display.questionLine, u"");
+  BlankQuestion(display);
+  display.mark = Mark::Right;
+  ShowQuestionAgain(display, session, stack, settings, find);
+  EXPECT_EQ(display.questionLine, u"dog");
+  EXPECT_EQ(display.picture, u"c/dog.bmp");
+  EXPECT_EQ(display.mark, Mark::None);
+}
+
+TEST_F(VerdictTest, AQuestionShownAgainKeepsItsChoicesAndThePictureSwitch) {
+  settings.NoPicture = true;
+  session.choices = {1, 2, 1, 2, 0};
+  ShowChoices(display, session, stack);
+  ShowQuestionAgain(display, session, stack, settings, find);
+  EXPECT_EQ(display.choiceTexts[1], u"gato");
+  EXPECT_EQ(display.picture, u"");
+}
+
 }  // namespace
 
 // --- Question
