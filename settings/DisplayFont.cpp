@@ -7,11 +7,10 @@
 
 #include <algorithm>
 
-QFont DisplayFont(TextView name, float size) {
+QFont DisplayFont(TextView name, float size, float zoom) {
   constexpr float Smallest = 1;
-  constexpr float Largest = 400;
   QFont font(name.empty() ? QApplication::font().family() : ToQString(name));
-  font.setPointSizeF(std::clamp(size, Smallest, Largest));
+  font.setPointSizeF(std::clamp(size, Smallest, LargestDisplaySize) * zoom);
   return font;
 }
 

@@ -279,8 +279,8 @@ void frmStepper::ShowSessionStart() {
 void frmStepper::ApplyFonts() {
   const TopicFonts& fonts = m_topic.Fonts;
   const auto fontOf = [&](int side, float zoom) {
-    return side == Front ? DisplayFont(fonts.FrontFont, fonts.FrontSize * zoom)
-                         : DisplayFont(fonts.BackFont, fonts.BackSize * zoom);
+    return side == Front ? DisplayFont(fonts.FrontFont, fonts.FrontSize, zoom)
+                         : DisplayFont(fonts.BackFont, fonts.BackSize, zoom);
   };
   const float zoom = CardZoom(sspTop->width(), sspTop->height());
   lblTop->setFont(fontOf(m_session.firstSide, zoom));
