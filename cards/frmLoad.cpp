@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "base/QtText.h"
 #include "cards/StackFileOperations.h"
+#include "settings/frmConfig.h"
 #include "shell/Pointer.h"
 
 #include <QComboBox>
@@ -207,7 +208,7 @@ FileStatus frmLoad::RunOperation(const Text& fileName) {
   switch (m_mode) {
     case FileDialogMode::Load:
       return LoadStack(stacks, m_platform.files, m_platform.prompts, m_folder, fileName,
-                       FileTopicCheck());
+                       frmConfig::FileTopicCheck(m_shared, m_platform, this));
     case FileDialogMode::Delete: {
       const FileStatus status =
           DeleteStack(m_platform.files, m_platform.prompts, m_folder, fileName);

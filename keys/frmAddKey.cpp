@@ -1,6 +1,7 @@
 #include "keys/frmAddKey.h"
 
 #include "base/QtText.h"
+#include "keys/CharacterList.h"
 #include "keys/KeyNames.h"
 #include "keys/KeyPickers.h"
 #include "keys/VirtualKeys.h"
@@ -23,7 +24,6 @@
 #include <QScrollBar>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
-#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -44,57 +44,6 @@ class RowLabel : public QLabel {
     option.state |= QStyle::State_KeyboardFocusChange;  // also when a click brought the focus
     option.backgroundColor = palette().color(backgroundRole());
     QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, option);
-  }
-};
-
-/// The characters, one an entry; a typed character selects its own entry. The toolkit's search
-/// would take either letter case, and Space for the current entry.
-class CharacterList : public QListWidget {
- public:
-  using QListWidget::QListWidget;
-
-  void keyboardSearch(const QString& search) override {
-    constexpr char16_t Delete = 127;
-    if (search.isEmpty() || search.front() < u' ' || search.front() == Delete) return;
-    const QList<QListWidgetItem*> found = findItems(search.left(1), Qt::MatchExactly);
-    if (!found.isEmpty()) setCurrentItem(found.front());
-  }
-
- protected:
-  void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
-      keyboardSearch(QStringLiteral(" "));
-    } else {
-      QListWidget::keyPressEvent(event);
-    }
-  }
-
-  void focusInEvent(QFocusEvent* event) override {
-    QListWidget::focusInEvent(event);
-    // The toolkit makes the first entry the current one without selecting it, and Down would then
-    // pass over it.
-    if (selectedItems().isEmpty()) setCurrentRow(-1);
-  }
-};
-
-/// Writes the name of a character that leaves no mark.
-class CharacterDelegate : public QStyledItemDelegate {
- public:
-  using QStyledItemDelegate::QStyledItemDelegate;
-
-  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    constexpr int Padding = 4;
-    return QStyledItemDelegate::sizeHint(option, index) + QSize(0, Padding);
-  }
-
- protected:
-  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-    QStyledItemDelegate::initStyleOption(option, index);
-    const QString text = index.data().toString();
-    const auto code = text.isEmpty() ? std::nullopt : CodeOfChar(text.front().unicode());
-    if (!code || InvisibleName(*code).empty()) return;
-    option->text = ToQString(InvisibleName(*code));
-    option->font = QApplication::font();
   }
 };
 
@@ -254,7 +203,6 @@ QWidget* frmAddKey::LayOutAssignments() {
 }
 
 QWidget* frmAddKey::LayOutCharacters() {
-  lstAddKey->setItemDelegate(new CharacterDelegate(lstAddKey));
   lstAddKey->setUniformItemSizes(true);
   lstAddKey->setMinimumHeight(80);
   lstAddKey->installEventFilter(this);

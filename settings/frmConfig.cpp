@@ -61,6 +61,15 @@ void frmConfig::ShowToDelete(SharedState& shared, Platform& platform, QWidget* o
   frmConfig(shared, platform, owner, std::move(closeStudyWindows)).ShowModal();
 }
 
+TopicCheck frmConfig::FileTopicCheck(SharedState& shared, Platform& platform, QWidget* owner) {
+  return [&shared, &platform, owner](const Text& name) {
+    const AddTopic add = [&](const Text& proposed) {
+      ShowToAdd(shared, platform, owner, proposed);
+    };
+    return ResolveFileTopic(name, shared.Topics, platform.prompts, add);
+  };
+}
+
 frmConfig::frmConfig(SharedState& shared, Platform& platform, QWidget* owner,
                      CloseStudyWindows closeStudyWindows)
     : Form("frmConfig", shared, platform, owner),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cards/StackReader.h"
 #include "shell/Form.h"
 
 #include <functional>
@@ -23,6 +24,10 @@ class frmConfig : public Form {
   static void ShowToChange(SharedState& shared, Platform& platform, QWidget* owner);
   static void ShowToDelete(SharedState& shared, Platform& platform, QWidget* owner,
                            CloseStudyWindows closeStudyWindows);
+
+  /// Finds the topic of a stack that was just read; opens the dialog to add an unknown one where
+  /// the user wants that.
+  static TopicCheck FileTopicCheck(SharedState& shared, Platform& platform, QWidget* owner);
 
   /// @param closeStudyWindows  called for each topic that is deleted; not needed in the other modes
   frmConfig(SharedState& shared, Platform& platform, QWidget* owner,

@@ -1,7 +1,6 @@
 #include "shell/Form.h"
 
 #include "base/QtText.h"
-#include "settings/frmConfig.h"
 #include "shell/Icons.h"
 #include "shell/Pointer.h"
 
@@ -67,15 +66,6 @@ void Form::SetTabOrder(std::initializer_list<QWidget*> controls) {
 void Form::SetOkButton(QPushButton* button) {
   m_okButton = button;
   button->setDefault(true);
-}
-
-TopicCheck Form::FileTopicCheck() {
-  return [this](const Text& name) {
-    return ResolveFileTopic(name, m_shared.Topics, m_platform.prompts,
-                            [this](const Text& proposed) {
-                              frmConfig::ShowToAdd(m_shared, m_platform, this, proposed);
-                            });
-  };
 }
 
 void Form::ShowModal() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "cards/StackReader.h"
 #include "shell/Platform.h"
 #include "shell/SharedState.h"
 
@@ -54,9 +53,6 @@ class Form : public QDialog {
 
   void SetOkButton(QPushButton* button);
   void SetCancelButton(QPushButton* button) { m_cancelButton = button; }
-
-  /// Finds the topic of a stack that was just read.
-  TopicCheck FileTopicCheck();
 
   /// Asked before the window closes; false keeps it open.
   virtual bool Form_QueryUnload(UnloadCause) { return true; }

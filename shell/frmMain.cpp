@@ -273,8 +273,9 @@ void frmMain::LoadCommandLineStack(const Text& commandLine) {
       commandLine, m_platform.files, m_shared.Switches.DefaultFolder, ToText(QDir::currentPath()));
   if (named.fileName.empty()) return;
   m_shared.Switches.DefaultFolder = named.folder;
-  const FileStatus status = LoadStack(m_shared.Stacks, m_platform.files, m_platform.prompts,
-                                      named.folder, named.fileName, FileTopicCheck());
+  const FileStatus status =
+      LoadStack(m_shared.Stacks, m_platform.files, m_platform.prompts, named.folder, named.fileName,
+                frmConfig::FileTopicCheck(m_shared, m_platform, this));
   if (status == FileStatus::Ok) return;
   m_platform.prompts.Show({.text = u"Error: " + ErrorText(FileStatus::FileNotFound) +
                                    u"\r\nCan't load file: " + named.fileName,
