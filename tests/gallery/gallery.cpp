@@ -15,9 +15,11 @@
 #include "printing/frmPrint.h"
 #include "settings/DisplayFont.h"
 #include "settings/frmConfig.h"
+#include "shell/DesktopHelp.h"
 #include "shell/DesktopPrompts.h"
 #include "shell/ProgramApplication.h"
 #include "shell/frmAboutBox.h"
+#include "shell/frmHelp.h"
 #include "shell/frmMain.h"
 #include "shell/frmStartup.h"
 #include "study/frmStepper.h"
@@ -32,6 +34,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 
@@ -120,6 +126,11 @@ class Gallery {
     (void)QTest::qWaitForWindowActive(&window);
     for (int i = 0; i < 3; ++i) QApplication::processEvents();  // layouts within layouts
     const QString number = QStringLiteral("%1-").arg(++m_taken, 2, 10, QLatin1Char('0'));
+    const QSize screen = window.screen()->availableSize();
+    if (window.width() > screen.width() || window.height() > screen.height()) {
+      std::fprintf(stderr, "gallery: %s is larger than the screen: %d x %d\n", qPrintable(name),
+                   window.width(), window.height());
+    }
     if (!window.grab().save(m_folder.filePath(number + name + QStringLiteral(".png")))) {
       throw std::runtime_error("cannot write " + name.toStdString());
     }
@@ -155,10 +166,30 @@ class Gallery {
     }
     frmMain window(m_shared, m_platform, m_samples + u"spanish-animals.QBC", nullptr);
     Take(window, QStringLiteral("frmMain-loaded"));
+    TakeMenus(window);
     frmAboutBox about(m_shared, m_platform, nullptr);
     Take(about, QStringLiteral("frmAboutBox"));
     about.hide();
     TakeMessageBox();
+    TakeHelp();
+  }
+
+  void TakeMenus(frmMain& window) {
+    for (QAction* const action : window.findChild<QMenuBar*>()->actions()) {
+      QMenu& menu = *action->menu();
+      menu.popup(QPoint());
+      Take(menu, QStringLiteral("menu-") + menu.title().remove(QLatin1Char('&')));
+      menu.hide();
+    }
+  }
+
+  void TakeHelp() {
+    DesktopHelp help(m_prompts, {ToText(QStringLiteral(QUIB_HELP_FILE))});
+    for (const auto& [context, name] : {std::pair{HelpContext::Overview, "frmHelp-overview"},
+                                        {HelpContext::Stepper, "frmHelp-study"}}) {
+      help.Show(context);
+      Take(*help.Viewer(), QLatin1String(name));
+    }
   }
 
   void TakeMessageBox() {
@@ -190,7 +221,7 @@ class Gallery {
     if (mode == StudyMode::Stepper) {
       window.resize(window.minimumSize());
       Take(window, name + QStringLiteral("-smallest"));
-      window.resize(1200, 800);
+      window.resize(QSize(1200, 800).boundedTo(window.screen()->availableSize()));
       Take(window, name + QStringLiteral("-large"));
     }
     window.close();
@@ -303,9 +334,28 @@ class Gallery {
 
 }  // namespace
 
+/// The value of an option that the platform needs before there is an application to read it.
+QByteArray EarlyOption(int argc, char** argv, const QByteArray& name, const QByteArray& otherwise) {
+  for (int i = 1; i + 1 < argc; ++i) {
+    if (argv[i] == name) return argv[i + 1];
+  }
+  return otherwise;
+}
+
+/// Has the platform offer one screen of a size given as 1280x720, in pixels.
+void MakeScreen(const QByteArray& size, QTemporaryFile& file) {
+  const QList<QByteArray> sides = size.split('x');
+  if (sides.size() != 2 || !file.open()) throw std::runtime_error("cannot make the screen");
+  file.write(R"({"screens": [{"name": "Gallery", "x": 0, "y": 0, "width": )" + sides[0] +
+             R"(, "height": )" + sides[1] +
+             R"(, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+  file.close();
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
+}
+
 int main(int argc, char** argv) {
-  // The platform's own screen of 800 pixels is too small for windows at 200 %.
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" QUIB_SOURCE_DIR "/tests/gallery/screen.json");
+  QTemporaryFile screenFile;
+  MakeScreen(EarlyOption(argc, argv, "--screen", "3840x2400"), screenFile);
   QLocale::setDefault(QLocale::c());
   ProgramApplication application(argc, argv);
   QApplication::setQuitOnLastWindowClosed(false);
@@ -314,6 +364,8 @@ int main(int argc, char** argv) {
   options.addOption({QStringLiteral("dark"), QStringLiteral("light text on dark windows")});
   options.addOption({QStringLiteral("points"), QStringLiteral("size of the desktop's font"),
                      QStringLiteral("size"), QStringLiteral("10")});
+  options.addOption({QStringLiteral("screen"), QStringLiteral("size of the screen in pixels"),
+                     QStringLiteral("size"), QStringLiteral("3840x2400")});
   options.process(application);
   if (options.positionalArguments().size() != 1) options.showHelp(1);
   const QDir folder(options.positionalArguments().front());
