@@ -4,12 +4,15 @@
 #include "base/QtText.h"
 #include "base/Version.h"
 #include "shell/Pointer.h"
+#include "shell/ProgramStyle.h"
 
 ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(argc, argv) {
   setApplicationName(QStringLiteral("quibcards"));
   setApplicationDisplayName(QString());  // titles stand exactly as the windows give them
   setApplicationVersion(ToQString(ProgramVersion));
   setDesktopFileName(QStringLiteral("quibcards"));
+  // A desktop with a style of its own keeps it.
+  if (style()->name() == QLatin1String("fusion")) setStyle(new ProgramStyle);
 }
 
 bool ProgramApplication::notify(QObject* receiver, QEvent* event) {
