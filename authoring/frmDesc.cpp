@@ -44,6 +44,7 @@ void frmDesc::LayOut() {
   column->setContentsMargins(16, 16, 16, 12);
   column->setSpacing(16);
   column->addWidget(sspDesc);
+  column->addStretch();
   column->addWidget(sspButtons);
 }
 

@@ -67,6 +67,7 @@ void frmFind::LayOut() {
   column->setSpacing(12);
   column->addWidget(sspFind);
   column->addLayout(boxes);
+  column->addStretch();
   column->addWidget(sspButtons);
   SetTabOrder({txtFind, sscFront, sscBack, sscCase, cmdOK, cmdCanc});
 }

@@ -112,6 +112,7 @@ void frmConfig::LayOut() {
   column->setSpacing(12);
   column->addWidget(lstTopic, 1);
   column->addLayout(name);
+  column->addStretch();  // with the list hidden, the field stays beside its name
   column->addLayout(buttons);
 }
 

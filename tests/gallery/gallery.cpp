@@ -6,6 +6,7 @@
 #include "authoring/frmEdit.h"
 #include "authoring/frmFind.h"
 #include "base/DiskFiles.h"
+#include "base/Paths.h"
 #include "base/QtText.h"
 #include "cards/StackFileOperations.h"
 #include "cards/frmLoad.h"
@@ -31,11 +32,13 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QHash>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTemporaryFile>
 #include <QTest>
@@ -83,10 +86,20 @@ QPalette DarkPalette() {
   return palette;
 }
 
+/// What a window may measure in a picture on a page.
+constexpr QSize PageSize(560, 420);
+
 /// A world of doubles around the real sample stacks, and the pictures taken in it.
 class Gallery {
  public:
-  explicit Gallery(QDir folder) : m_folder(std::move(folder)) {
+  /// @param only  "window=picture,..." to take these windows alone, under these names, no wider
+  /// than
+  ///              suits a page; empty to take all
+  Gallery(QDir folder, const QDir& samples, const QString& only)
+      : m_folder(std::move(folder)), m_samples(WithSeparator(ToText(samples.absolutePath()))) {
+    for (const QString& pair : only.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
+      m_only.insert(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
+    }
     (void)m_settings.MakeFolder(u"/config");
     InitSettings(m_profile);
     for (const auto& [number, name] :
@@ -121,17 +134,15 @@ class Gallery {
 
  private:
   void Take(QWidget& window, const QString& name) {
+    if (!m_only.isEmpty() && !m_only.contains(name)) return;
     window.show();
     window.activateWindow();
     (void)QTest::qWaitForWindowActive(&window);
+    if (!m_only.isEmpty()) window.resize(window.size().boundedTo(PageSize));
     for (int i = 0; i < 3; ++i) QApplication::processEvents();  // layouts within layouts
     const QString number = QStringLiteral("%1-").arg(++m_taken, 2, 10, QLatin1Char('0'));
-    const QSize screen = window.screen()->availableSize();
-    if (window.width() > screen.width() || window.height() > screen.height()) {
-      std::fprintf(stderr, "gallery: %s is larger than the screen: %d x %d\n", qPrintable(name),
-                   window.width(), window.height());
-    }
-    if (!window.grab().save(m_folder.filePath(number + name + QStringLiteral(".png")))) {
+    const QString file = m_only.value(name, number + name) + QStringLiteral(".png");
+    if (!window.grab().save(m_folder.filePath(file))) {
       throw std::runtime_error("cannot write " + name.toStdString());
     }
   }
@@ -315,11 +326,16 @@ class Gallery {
     Take(find, QStringLiteral("frmFind"));
     frmCreate window(m_shared, m_platform, nullptr);
     Take(window, QStringLiteral("frmCreate"));
+    Find<QPlainTextEdit>(window, "txtFront").setPlainText(QStringLiteral("the butterfly"));
+    Find<QPlainTextEdit>(window, "txtBack").setPlainText(QStringLiteral("la mariposa"));
+    Find<QLineEdit>(window, "txtBackWave").setText(QStringLiteral("mariposa.wav"));
+    Take(window, QStringLiteral("frmCreate-typed"));
   }
 
   QDir m_folder;
+  Text m_samples;
+  QHash<QString, QString> m_only;
   int m_taken = 0;
-  const Text m_samples = ToText(QStringLiteral(QUIB_SOURCE_DIR "/samples/"));
   DecliningPrompts m_prompts;
   MemoryFiles m_settings;
   DiskFiles m_files{ToText(QDir::tempPath())};
@@ -366,6 +382,11 @@ int main(int argc, char** argv) {
                      QStringLiteral("size"), QStringLiteral("10")});
   options.addOption({QStringLiteral("screen"), QStringLiteral("size of the screen in pixels"),
                      QStringLiteral("size"), QStringLiteral("3840x2400")});
+  options.addOption({QStringLiteral("samples"), QStringLiteral("folder with the sample stacks"),
+                     QStringLiteral("folder"), QStringLiteral(QUIB_SOURCE_DIR "/samples")});
+  options.addOption({QStringLiteral("only"),
+                     QStringLiteral("window=picture,... to take these alone"),
+                     QStringLiteral("names")});
   options.process(application);
   if (options.positionalArguments().size() != 1) options.showHelp(1);
   const QDir folder(options.positionalArguments().front());
@@ -376,7 +397,9 @@ int main(int argc, char** argv) {
   QApplication::setFont(font);
   RegisterFontSubstitutes();
   try {
-    Gallery(folder).TakeAll();
+    Gallery(folder, QDir(options.value(QStringLiteral("samples"))),
+            options.value(QStringLiteral("only")))
+        .TakeAll();
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "gallery: %s\n", failure.what());
     return 1;
