@@ -1,71 +1,24 @@
 // Opens every window in its states, without a display, and leaves a picture of each in a folder:
 // for looking at, not for checking by program.
 
-#include "authoring/frmCreate.h"
-#include "authoring/frmDesc.h"
-#include "authoring/frmEdit.h"
-#include "authoring/frmFind.h"
-#include "base/DiskFiles.h"
-#include "base/Paths.h"
-#include "base/QtText.h"
-#include "cards/StackFileOperations.h"
-#include "cards/frmLoad.h"
-#include "keys/frmAddKey.h"
-#include "keys/frmKeys.h"
-#include "keys/frmMoreKeys.h"
-#include "printing/frmPrint.h"
 #include "settings/DisplayFont.h"
-#include "settings/frmConfig.h"
-#include "shell/DesktopHelp.h"
-#include "shell/DesktopPrompts.h"
 #include "shell/ProgramApplication.h"
-#include "shell/frmAboutBox.h"
-#include "shell/frmHelp.h"
-#include "shell/frmMain.h"
-#include "shell/frmStartup.h"
-#include "study/frmStepper.h"
-#include "study/frmTime.h"
-#include "tests/support/MemoryFiles.h"
-#include "tests/support/ScriptedRandom.h"
+#include "tests/support/WindowTour.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
 #include <QHash>
-#include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPlainTextEdit>
 #include <QScreen>
 #include <QTemporaryFile>
-#include <QTest>
-#include <QTimer>
+#include <QWidget>
 
 #include <cstdio>
 
 namespace {
-
-/// Says No to whatever a window asks when it goes.
-class DecliningPrompts : public Prompts {
- public:
-  Answer Show(const Prompt& prompt) override {
-    return prompt.buttons == PromptButtons::Ok ? Answer::Ok : Answer::No;
-  }
-};
-
-class SilentHelp : public HelpService {
- public:
-  void Show(HelpContext) override {}
-};
-
-class SilentSound : public SoundPlayer {
- public:
-  void Play(const Text&) override {}
-  void Stop() override {}
-};
 
 QPalette DarkPalette() {
   const QColor window(45, 45, 48);
@@ -86,269 +39,55 @@ QPalette DarkPalette() {
   return palette;
 }
 
-/// What a window may measure in a picture on a page.
-constexpr QSize PageSize(560, 420);
-
-/// A world of doubles around the real sample stacks, and the pictures taken in it.
-class Gallery {
- public:
-  /// @param only  "window=picture,..." to take these windows alone, under these names, no wider
-  /// than
-  ///              suits a page; empty to take all
-  Gallery(QDir folder, const QDir& samples, const QString& only)
-      : m_folder(std::move(folder)), m_samples(WithSeparator(ToText(samples.absolutePath()))) {
-    for (const QString& pair : only.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-      m_only.insert(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
-    }
-    (void)m_settings.MakeFolder(u"/config");
-    InitSettings(m_profile);
-    for (const auto& [number, name] :
-         {std::pair<TextView, TextView>{u"1", u"Spanish"}, {u"2", u"French"}, {u"3", u"German"}}) {
-      m_profile.WriteString(TopicsSection, number, name);
-    }
-    m_profile.WriteString(u"Spanish", u"FRONTFONT", u"DejaVu Serif");
-    m_profile.WriteString(u"Spanish", u"FRONTSIZE", u"14");
-    LoadTopicList(m_shared.Topics, m_profile);
-    m_shared.Switches.DefaultFolder = m_samples;
-    SelectTopic(m_shared.Topics, m_shared.Topic, m_profile, 0);
+void Save(QWidget& window, const QDir& folder, const QString& name) {
+  const QSize screen = window.screen()->availableSize();
+  if (window.width() > screen.width() || window.height() > screen.height()) {
+    std::fprintf(stderr, "gallery: %s is larger than the screen: %d x %d\n", qPrintable(name),
+                 window.width(), window.height());
   }
-
-  void TakeAll() {
-    TakeShell();
-    m_shared.Timer = TimerSettings();
-    for (const auto& [mode, name] : {std::pair{StudyMode::Stepper, "stepper"},
-                                     {StudyMode::Quibber, "quibber"},
-                                     {StudyMode::Speller, "speller"},
-                                     {StudyMode::Chooser, "chooser"}}) {
-      TakeStudy(u"spanish-animals.QBC", mode, QString::fromLatin1(name));
-    }
-    TakeStudy(u"flags.QBC", StudyMode::Stepper, QStringLiteral("stepper-picture"));
-    TakeStudy(u"flags.QBC", StudyMode::Speller, QStringLiteral("speller-picture"));
-    TakeStudy(u"flags.QBC", StudyMode::Chooser, QStringLiteral("chooser-picture"));
-    TakeStudy(u"planets.QBC", StudyMode::Stepper, QStringLiteral("stepper-lines"));
-    Load(u"spanish-animals.QBC");
-    TakeDialogs();
-    TakeKeys();
-    TakeAuthoring();
+  if (!window.grab().save(folder.filePath(name + QStringLiteral(".png")))) {
+    throw std::runtime_error("cannot write " + name.toStdString());
   }
+}
 
- private:
-  void Take(QWidget& window, const QString& name) {
-    if (!m_only.isEmpty() && !m_only.contains(name)) return;
-    window.show();
-    window.activateWindow();
-    (void)QTest::qWaitForWindowActive(&window);
-    if (!m_only.isEmpty()) window.resize(window.size().boundedTo(PageSize));
-    for (int i = 0; i < 3; ++i) QApplication::processEvents();  // layouts within layouts
-    const QString number = QStringLiteral("%1-").arg(++m_taken, 2, 10, QLatin1Char('0'));
-    const QString file = m_only.value(name, number + name) + QStringLiteral(".png");
-    if (!window.grab().save(m_folder.filePath(file))) {
-      throw std::runtime_error("cannot write " + name.toStdString());
-    }
-  }
-
-  void Load(TextView fileName) {
-    const FileStatus status = LoadStack(
-        m_shared.Stacks, m_files, m_prompts, m_samples, fileName, [this](const Text& name) {
-          return ResolveFileTopic(name, m_shared.Topics, m_prompts, {});
-        });
-    if (status != FileStatus::Ok) throw std::runtime_error("cannot load a sample stack");
-    SelectTopic(m_shared.Topics, m_shared.Topic, m_profile, m_shared.Stacks.Current().TopicIndex);
-  }
-
-  template <class Control>
-  static Control& Find(QWidget& window, const char* name) {
-    auto* const control = window.findChild<Control*>(QLatin1String(name));
-    if (control == nullptr) throw std::runtime_error(std::string("no control ") + name);
-    return *control;
-  }
-
-  static void Click(QWidget& window, const char* name) {
-    Find<QAbstractButton>(window, name).click();
-  }
-
-  void TakeShell() {
-    frmStartup splash(m_shared, m_platform);
-    Take(splash, QStringLiteral("frmStartup"));
-    splash.hide();
-    {
-      frmMain window(m_shared, m_platform, Text(), nullptr);
-      Take(window, QStringLiteral("frmMain-empty"));
-    }
-    frmMain window(m_shared, m_platform, m_samples + u"spanish-animals.QBC", nullptr);
-    Take(window, QStringLiteral("frmMain-loaded"));
-    TakeMenus(window);
-    frmAboutBox about(m_shared, m_platform, nullptr);
-    Take(about, QStringLiteral("frmAboutBox"));
-    about.hide();
-    TakeMessageBox();
-    TakeHelp();
-  }
-
-  void TakeMenus(frmMain& window) {
+/// Takes a picture of every window; they are numbered in the order in which they came up.
+void TakePictures(const QDir& folder, const QDir& samples) {
+  int taken = 0;
+  const auto save = [&](QWidget& window, const QString& name) {
+    const QString number = QStringLiteral("%1-").arg(++taken, 2, 10, QLatin1Char('0'));
+    Save(window, folder, number + name);
+  };
+  const auto visit = [&](QWidget& window, const QString& name) {
+    save(window, name);
+    if (name != QStringLiteral("frmMain-loaded")) return;
     for (QAction* const action : window.findChild<QMenuBar*>()->actions()) {
       QMenu& menu = *action->menu();
       menu.popup(QPoint());
-      Take(menu, QStringLiteral("menu-") + menu.title().remove(QLatin1Char('&')));
+      save(menu, QStringLiteral("menu-") + menu.title().remove(QLatin1Char('&')));
       menu.hide();
     }
+  };
+  WindowTour(visit, samples).Run();
+}
+
+/// What a window may measure in a picture on a page.
+constexpr QSize PageSize(560, 420);
+
+/// Takes pictures for pages, no larger than suits one.
+/// @param wanted  "window=picture,...": the windows to take, and the names of their pictures
+void TakePagePictures(const QDir& folder, const QDir& samples, const QString& wanted) {
+  QHash<QString, QString> pictures;
+  for (const QString& pair : wanted.split(QLatin1Char(','))) {
+    pictures.insert(pair.section(QLatin1Char('='), 0, 0), pair.section(QLatin1Char('='), 1));
   }
-
-  void TakeHelp() {
-    DesktopHelp help(m_prompts, {ToText(QStringLiteral(QUIB_HELP_FILE))});
-    for (const auto& [context, name] : {std::pair{HelpContext::Overview, "frmHelp-overview"},
-                                        {HelpContext::Stepper, "frmHelp-study"}}) {
-      help.Show(context);
-      Take(*help.Viewer(), QLatin1String(name));
-    }
-  }
-
-  void TakeMessageBox() {
-    QTimer::singleShot(0, [this] {
-      QWidget* const box = QApplication::activeModalWidget();
-      Take(*box, QStringLiteral("message"));
-      box->close();
-    });
-    DesktopPrompts().Show({.text = u"No more cards - Restart?",
-                           .icon = PromptIcon::Information,
-                           .buttons = PromptButtons::YesNo});
-  }
-
-  void TakeStudy(TextView fileName, StudyMode mode, const QString& name) {
-    Load(fileName);
-    m_shared.Switches.StudyMode = mode;
-    frmStepper& window = m_studyWindows.Open();
-    Take(window, name + QStringLiteral("-start"));
-    Click(window, "cmdNext");
-    Take(window, name + QStringLiteral("-question"));
-    if (mode == StudyMode::Chooser) {
-      Click(window, "optChoice(1)");
-    } else {
-      if (mode == StudyMode::Speller) TypeAnswer(window, QStringLiteral("el gato"));
-      Click(window, "cmdNext");
-    }
-    Take(window, name + QStringLiteral("-answer"));
-    if (name == QStringLiteral("speller")) TakeRightSpelling(window, name);
-    if (mode == StudyMode::Stepper) {
-      window.resize(window.minimumSize());
-      Take(window, name + QStringLiteral("-smallest"));
-      window.resize(QSize(1200, 800).boundedTo(window.screen()->availableSize()));
-      Take(window, name + QStringLiteral("-large"));
-    }
-    window.close();
-  }
-
-  static void TypeAnswer(frmStepper& window, const QString& answer) {
-    Find<QLineEdit>(window, "txtSpell").setText(answer);
-  }
-
-  /// Goes on to the next card and answers it with what its other side says.
-  void TakeRightSpelling(frmStepper& window, const QString& name) {
-    Click(window, "cmdNext");
-    const Text question = ToText(Find<QLabel>(window, "lblTop").text());
-    const CardStack& stack = m_shared.Stacks.Current();
-    for (int card = 1; card <= stack.CardCount; ++card) {
-      if (TrimRight(stack.SideText(card, Front)) != TrimRight(question)) continue;
-      TypeAnswer(window, ToQString(TrimRight(stack.SideText(card, Back))));
-    }
-    Click(window, "cmdNext");
-    Take(window, name + QStringLiteral("-right"));
-  }
-
-  void TakeDialogs() {
-    for (const auto& [mode, name] : {std::pair{FileDialogMode::Load, "frmLoad-load"},
-                                     {FileDialogMode::SaveEdited, "frmLoad-save"}}) {
-      m_shared.Switches.FileDialogMode = mode;
-      frmLoad window(m_shared, m_platform, nullptr);
-      if (mode == FileDialogMode::Load) {
-        Find<QLineEdit>(window, "txtActFile").setText(QStringLiteral("planets.QBC"));
-        Click(window, "cmdDesc");
-      }
-      Take(window, QLatin1String(name));
-    }
-    {
-      m_shared.Timer.TimerInterval = 1500;
-      frmTime window(m_shared, m_platform, nullptr);
-      Take(window, QStringLiteral("frmTime"));
-    }
-    TakeTopicDialog(QStringLiteral("frmConfig-add"), true, false);
-    TakeTopicDialog(QStringLiteral("frmConfig-change"), false, true);
-    TakeTopicDialog(QStringLiteral("frmConfig-delete"), false, false);
-    for (const bool printing : {true, false}) {
-      m_shared.Switches.PrintMode = printing;
-      frmPrint window(m_shared, m_platform, nullptr);
-      Take(window, printing ? QStringLiteral("frmPrint-print") : QStringLiteral("frmPrint-fonts"));
-    }
-    frmDesc window(m_shared, m_platform, nullptr);
-    Take(window, QStringLiteral("frmDesc"));
-  }
-
-  void TakeTopicDialog(const QString& name, bool add, bool change) {
-    m_shared.Switches.NewTopicMode = add;
-    m_shared.Switches.ChangeTopicMode = change;
-    m_shared.Switches.NewTopicName = add ? u"Italian" : u"";
-    frmConfig window(m_shared, m_platform, nullptr);
-    Take(window, name);
-    m_shared.Switches.NewTopicMode = false;
-    m_shared.Switches.ChangeTopicMode = false;
-    m_shared.Switches.NewTopicName.clear();
-  }
-
-  void TakeKeys() {
-    KeyTable& keys = m_shared.Topic.Keys;
-    constexpr TextView Letters = u"\u00E1\u00E9\u00ED\u00F3\u00FA\u00F1\u00FC\u00BF\u00A1";
-    constexpr TextView Typed = u"AEIOUNWQX";
-    for (std::size_t i = 0; i < Letters.size(); ++i) {
-      const CharCode side = i % 3 == 0 ? BothSidesMark : i % 3 == 1 ? BackSideMark : FrontSideMark;
-      keys.Slots.at(i + 1) = {side, CharCode{u'2'}, static_cast<CharCode>(Typed[i]),
-                              static_cast<CharCode>(Letters[i])};
-    }
-    keys.KeyCount = static_cast<int>(Letters.size());
-    m_shared.Switches.KeyCodeToSend = -2;
-    frmAddKey editor(m_shared, m_platform, nullptr);
-    Take(editor, QStringLiteral("frmAddKey"));
-    frmKeys picker(m_shared, m_platform, nullptr, m_shared.Topic);
-    QTest::keyClick(&picker, Qt::Key_Down);
-    Take(picker, QStringLiteral("frmKeys"));
-    frmMoreKeys chart(m_shared, m_platform, nullptr, m_shared.Topic.Fonts);
-    Take(chart, QStringLiteral("frmMoreKeys-first"));
-    for (int page = 0; page < 6; ++page) QTest::keyClick(&chart, Qt::Key_PageDown);
-    Take(chart, QStringLiteral("frmMoreKeys-letters"));
-  }
-
-  void TakeAuthoring() {
-    frmFind find(m_shared, m_platform, nullptr);
-    Load(u"flags.QBC");
-    frmEdit editor(m_shared, m_platform, nullptr, find);
-    Take(editor, QStringLiteral("frmEdit"));
-    QTest::mouseClick(&Find<QWidget>(editor, "lblCol1(1)"), Qt::LeftButton);
-    Take(editor, QStringLiteral("frmEdit-selected"));
-    Take(find, QStringLiteral("frmFind"));
-    frmCreate window(m_shared, m_platform, nullptr);
-    Take(window, QStringLiteral("frmCreate"));
-    Find<QPlainTextEdit>(window, "txtFront").setPlainText(QStringLiteral("the butterfly"));
-    Find<QPlainTextEdit>(window, "txtBack").setPlainText(QStringLiteral("la mariposa"));
-    Find<QLineEdit>(window, "txtBackWave").setText(QStringLiteral("mariposa.wav"));
-    Take(window, QStringLiteral("frmCreate-typed"));
-  }
-
-  QDir m_folder;
-  Text m_samples;
-  QHash<QString, QString> m_only;
-  int m_taken = 0;
-  DecliningPrompts m_prompts;
-  MemoryFiles m_settings;
-  DiskFiles m_files{ToText(QDir::tempPath())};
-  ProfileFile m_profile{m_settings, u"/config/QUIBCRDS.INI"};
-  SilentHelp m_help;
-  SilentSound m_sound;
-  SharedState m_shared;
-  Platform m_platform{m_prompts, m_files, m_profile,
-                      m_help,    m_sound, [] { return std::make_unique<SeededRandom>(1); }};
-  StudyWindows m_studyWindows{m_shared, m_platform};
-};
-
-}  // namespace
+  const auto visit = [&](QWidget& window, const QString& name) {
+    if (!pictures.contains(name)) return;
+    window.resize(window.size().boundedTo(PageSize));
+    for (int i = 0; i < 3; ++i) QApplication::processEvents();  // layouts within layouts
+    Save(window, folder, pictures.value(name));
+  };
+  WindowTour(visit, samples).Run();
+}
 
 /// The value of an option that the platform needs before there is an application to read it.
 QByteArray EarlyOption(int argc, char** argv, const QByteArray& name, const QByteArray& otherwise) {
@@ -369,7 +108,10 @@ void MakeScreen(const QByteArray& size, QTemporaryFile& file) {
   qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file.fileName().toUtf8());
 }
 
+}  // namespace
+
 int main(int argc, char** argv) {
+  // The platform's own screen of 800 pixels is too small for windows at 200 %.
   QTemporaryFile screenFile;
   MakeScreen(EarlyOption(argc, argv, "--screen", "3840x2400"), screenFile);
   QLocale::setDefault(QLocale::c());
@@ -383,9 +125,8 @@ int main(int argc, char** argv) {
   options.addOption({QStringLiteral("screen"), QStringLiteral("size of the screen in pixels"),
                      QStringLiteral("size"), QStringLiteral("3840x2400")});
   options.addOption({QStringLiteral("samples"), QStringLiteral("folder with the sample stacks"),
-                     QStringLiteral("folder"), QStringLiteral(QUIB_SOURCE_DIR "/samples")});
-  options.addOption({QStringLiteral("only"),
-                     QStringLiteral("window=picture,... to take these alone"),
+                     QStringLiteral("folder"), WindowTour::SampleFolder().path()});
+  options.addOption({QStringLiteral("only"), QStringLiteral("window=picture,... for pages"),
                      QStringLiteral("names")});
   options.process(application);
   if (options.positionalArguments().size() != 1) options.showHelp(1);
@@ -397,9 +138,12 @@ int main(int argc, char** argv) {
   QApplication::setFont(font);
   RegisterFontSubstitutes();
   try {
-    Gallery(folder, QDir(options.value(QStringLiteral("samples"))),
-            options.value(QStringLiteral("only")))
-        .TakeAll();
+    const QDir samples(options.value(QStringLiteral("samples")));
+    if (options.isSet(QStringLiteral("only"))) {
+      TakePagePictures(folder, samples, options.value(QStringLiteral("only")));
+    } else {
+      TakePictures(folder, samples);
+    }
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "gallery: %s\n", failure.what());
     return 1;
