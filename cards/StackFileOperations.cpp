@@ -66,7 +66,7 @@ Text WithStackExtension(TextView fileName) {
 Prompt FileErrorPrompt(FileStatus status) {
   return {.text = FileErrorText(status),
           .icon = PromptIcon::Exclamation,
-          .title = Text(ProgramTitle) + u" Error"};
+          .title = Text(ProgramTitle).append(u" Error")};
 }
 
 FileStatus LoadStack(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,

@@ -6,6 +6,7 @@
 #include "study/frmStepper.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedRandom.h"
+#include "tests/support/SilentServices.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,23 +16,10 @@
 
 #include <benchmark/benchmark.h>
 
+/// Registers the benchmarks of opening each window; they need an application.
+void RegisterOpenings();
+
 namespace {
-
-class NoPrompts : public Prompts {
- public:
-  Answer Show(const Prompt&) override { return Answer::Yes; }  // "Restart?" at the end of a pass
-};
-
-class NoHelp : public HelpService {
- public:
-  void Show(HelpContext) override {}
-};
-
-class NoSound : public SoundPlayer {
- public:
-  void Play(const Text&) override {}
-  void Stop() override {}
-};
 
 /// A study window on a stack of 300 cards, each with a picture file of its own (all alike) or with
 /// none.
@@ -72,11 +60,11 @@ class StudyBench {
   }
 
   QTemporaryDir folder;
-  NoPrompts prompts;
+  AnsweringPrompts prompts{Answer::Yes};  // "Restart?" at the end of a pass
   DiskFiles files{u""};
   ProfileFile profile{files, u"none.INI"};
-  NoHelp help;
-  NoSound sound;
+  SilentHelp help;
+  SilentSound sound;
   SharedState shared;
   Platform platform{prompts, files, profile,
                     help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
@@ -120,6 +108,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   ProgramApplication application(argc, argv);
   RegisterFontSubstitutes();
+  RegisterOpenings();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
 }

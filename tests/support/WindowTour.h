@@ -1,14 +1,13 @@
 #pragma once
 
 #include "base/DiskFiles.h"
-#include "base/Prompts.h"
 #include "settings/ProfileFile.h"
 #include "shell/Platform.h"
 #include "shell/SharedState.h"
-#include "study/SoundPlayer.h"
 #include "study/StudyWindows.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedRandom.h"
+#include "tests/support/SilentServices.h"
 
 #include <QDir>
 #include <QString>
@@ -37,25 +36,6 @@ class WindowTour {
   static QDir SampleFolder();
 
  private:
-  /// Says No to whatever a window asks when it goes.
-  class DecliningPrompts : public Prompts {
-   public:
-    Answer Show(const Prompt& prompt) override {
-      return prompt.buttons == PromptButtons::Ok ? Answer::Ok : Answer::No;
-    }
-  };
-
-  class SilentHelp : public HelpService {
-   public:
-    void Show(HelpContext) override {}
-  };
-
-  class SilentSound : public SoundPlayer {
-   public:
-    void Play(const Text&) override {}
-    void Stop() override {}
-  };
-
   void Show(QWidget& window, const QString& name);
   void Load(TextView fileName);
 
@@ -71,7 +51,7 @@ class WindowTour {
 
   Visit m_visit;
   const Text m_samples;
-  DecliningPrompts m_prompts;
+  AnsweringPrompts m_prompts{Answer::No};  // to whatever a window asks when it goes
   MemoryFiles m_settings;
   DiskFiles m_files;
   ProfileFile m_profile{m_settings, u"/config/QUIBCRDS.INI"};
