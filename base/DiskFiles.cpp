@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -28,20 +27,17 @@ class FolderLock : public FileLock {
 }  // namespace
 
 Text DiskFiles::Find(const Text& path) {
-  if (path.empty() || NamesNoFile(path)) return {};
-  const std::string name = FindOnDisk(path);
+  std::string name;
   struct stat info {};
+  if (path.empty() || NamesNoFile(path) || FindOnDisk(path, name) != FileStatus::Ok) return {};
   if (::stat(name.c_str(), &info) != 0 || S_ISDIR(info.st_mode)) return {};
   return DecodePath(name);
 }
 
-bool DiskFiles::FolderExists(const Text& path) {
-  return path.empty() || (!NamesNoFile(path) && IsFolder(FindOnDisk(path)));
-}
-
 FileStatus DiskFiles::Read(const Text& path, std::string& content) {
   if (NamesNoFile(path)) return FileStatus::IllegalName;
-  const std::string name = FindOnDisk(path);
+  std::string name;
+  if (const FileStatus status = FindOnDisk(path, name); status != FileStatus::Ok) return status;
   // Not blocking: a pipe under a stack's name must not hold the program up.
   const Descriptor file = OpenFile(name, O_RDONLY | O_NONBLOCK);
   if (!file.IsOpen()) return StatusForPath(name, errno);
@@ -50,19 +46,22 @@ FileStatus DiskFiles::Read(const Text& path, std::string& content) {
 
 FileStatus DiskFiles::Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) {
   if (NamesNoFile(path)) return FileStatus::IllegalName;
-  std::string target = FindOnDisk(path);
+  std::string target;
+  FileStatus status = FindOnDisk(path, target);
+  if (status != FileStatus::Ok) return status;
   if (char* const real = ::realpath(target.c_str(), nullptr)) {
     target = real;
     std::free(real);
-  } else {
-    target = BehindLinks(target);
+  } else if (status = FollowLinks(target); status != FileStatus::Ok) {
+    return status;
   }
   return BeginReplacement(std::move(target), EncodePath(m_safePlace), replacement);
 }
 
 FileStatus DiskFiles::Remove(const Text& path) {
   if (NamesNoFile(path)) return FileStatus::IllegalName;
-  const std::string name = FindOnDisk(path);
+  std::string name;
+  if (const FileStatus status = FindOnDisk(path, name); status != FileStatus::Ok) return status;
   if (IsFolder(name)) return FileStatus::PathAccess;
   if (::access(name.c_str(), W_OK) != 0 && errno != ENOENT) return StatusForPath(name, errno);
   if (::unlink(name.c_str()) != 0) return StatusForPath(name, errno);
@@ -71,18 +70,22 @@ FileStatus DiskFiles::Remove(const Text& path) {
 
 FileStatus DiskFiles::List(const Text& folder, FolderContent& content) {
   if (NamesNoFile(folder)) return FileStatus::IllegalName;
-  const std::string name = FindOnDisk(folder.empty() ? Text(u".") : folder);
-  DIR* const stream = ::opendir(name.c_str());
-  if (stream == nullptr) {
-    return errno == ENOENT ? FileStatus::PathNotFound : StatusOfSystemError(errno);
+  std::string name;
+  const FileStatus status = FindOnDisk(folder.empty() ? Text(u".") : folder, name);
+  if (status != FileStatus::Ok) return status;
+  std::vector<std::string> entries;
+  if (const int errorNumber = NamesIn(name, entries); errorNumber != 0) {
+    return errorNumber == ENOENT ? FileStatus::PathNotFound : StatusOfSystemError(errorNumber);
   }
-  ::closedir(stream);
   content = {};
-  for (const std::string& entry : NamesIn(name)) {
+  for (const std::string& entry : entries) {
     if (entry.front() == '.') continue;  // hidden
     struct stat info {};
-    if (::stat(std::string(name).append("/").append(entry).c_str(), &info) != 0) continue;
-    (S_ISDIR(info.st_mode) ? content.folders : content.files).push_back(DecodePath(entry));
+    // A link to nothing is no file; what else cannot be looked at is shown, and says why when it is
+    // opened.
+    const bool known = ::stat(std::string(name).append("/").append(entry).c_str(), &info) == 0;
+    if (!known && (errno == ENOENT || errno == ENOTDIR || errno == ELOOP)) continue;
+    (known && S_ISDIR(info.st_mode) ? content.folders : content.files).push_back(DecodePath(entry));
   }
   const auto byName = [](const Text& a, const Text& b) {
     const int order = UpperCase(a).compare(UpperCase(b));
@@ -101,7 +104,9 @@ FileStatus DiskFiles::MakeFolder(const Text& folder) {
 std::unique_ptr<FileLock> DiskFiles::Lock(const Text& path) {
   using namespace std::chrono_literals;
   // The folder is locked, not the file: the file itself changes its identity with every rename.
-  Descriptor folder = OpenFile(FolderOf(FindOnDisk(path)), O_RDONLY | O_DIRECTORY);
+  std::string name;
+  if (FindOnDisk(path, name) != FileStatus::Ok) return nullptr;
+  Descriptor folder = OpenFile(FolderOf(name), O_RDONLY | O_DIRECTORY);
   if (!folder.IsOpen()) return nullptr;
   for (auto waited = 0ms; waited < 2000ms; waited += 5ms) {
     if (::flock(folder.Number(), LOCK_EX | LOCK_NB) == 0) {

@@ -12,7 +12,6 @@ class DiskFiles : public Files {
   explicit DiskFiles(Text safePlace) : m_safePlace(std::move(safePlace)) {}
 
   Text Find(const Text& path) override;
-  bool FolderExists(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;
   FileStatus Remove(const Text& path) override;

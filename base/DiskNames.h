@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/FileStatus.h"
 #include "base/Text.h"
 
 #include <string>
@@ -10,12 +11,14 @@
 /// A name with a null character would reach the system cut there, as the name of another file.
 bool NamesNoFile(TextView path);
 
-/// All names in a folder, in no order; empty when it cannot be listed.
-std::vector<std::string> NamesIn(const std::string& folder);
+/// All names in a folder, in no order. 0, or the errno of the call that failed, and then `names`
+/// may lack some.
+int NamesIn(const std::string& folder, std::vector<std::string>& names);
 
 /// The name under which `path` is found on disk; where some part is not there, that part and the
-/// rest as given.
-std::string FindOnDisk(const Text& path);
+/// rest as given. Fails where the disk does not say what is there: who took a file for missing then
+/// could put a new one in front of it.
+FileStatus FindOnDisk(const Text& path, std::string& found);
 
-/// Where a link to a file that is not there yet leads; `path` itself when it is no link.
-std::string BehindLinks(std::string path);
+/// Follows a link to a file that is not there yet; a `path` that is no link stays.
+FileStatus FollowLinks(std::string& path);

@@ -14,8 +14,10 @@ namespace {
 
 /// A new, empty file beside `target`, hidden, under a name of its own.
 Descriptor MakeTemporary(const std::string& folder, std::string& path) {
-  path = folder + "/.quib-XXXXXX";
-  return Descriptor(::mkostemp(path.data(), O_CLOEXEC));
+  return Descriptor(Uninterrupted([&] {
+    path = folder + "/.quib-XXXXXX";
+    return ::mkostemp(path.data(), O_CLOEXEC);
+  }));
 }
 
 /// Removes the temporary files of programs that were killed during a save. A save takes seconds;
@@ -23,7 +25,9 @@ Descriptor MakeTemporary(const std::string& folder, std::string& path) {
 void RemoveLeftovers(const std::string& folder) {
   constexpr std::string_view Prefix = ".quib-";
   constexpr std::time_t Hour = 3600;
-  for (const std::string& name : NamesIn(folder)) {
+  std::vector<std::string> names;
+  (void)NamesIn(folder, names);  // what was not listed waits for the next save
+  for (const std::string& name : names) {
     if (!name.starts_with(Prefix) || name.size() != Prefix.size() + 6) continue;
     const std::string path = std::string(folder).append("/").append(name);
     struct stat info {};
@@ -47,7 +51,7 @@ FileStatus WriteTemporary(const std::string& folder, std::string_view content, s
 /// After a rename the folder itself must reach the disk; a file system that cannot is not asked.
 void FlushFolder(const std::string& folder) {
   const Descriptor handle = OpenFile(folder, O_RDONLY | O_DIRECTORY);
-  if (handle.IsOpen()) (void)::fsync(handle.Number());
+  if (handle.IsOpen()) (void)Flush(handle.Number());
 }
 
 /// Replaces through a temporary file in the target's own folder.
@@ -84,10 +88,12 @@ class RenamingReplacement : public FileReplacement {
   void KeepModeAndOwner() {
     const mode_t mask = ::umask(0);
     ::umask(mask);
-    if (m_old && ::fchown(m_file.Number(), m_old->st_uid, m_old->st_gid) != 0) {
-      // Only the owner of everything may give files away; then the file is the writer's.
+    // Only the owner of everything may give files away; otherwise the file is the writer's.
+    if (m_old) {
+      (void)Uninterrupted([&] { return ::fchown(m_file.Number(), m_old->st_uid, m_old->st_gid); });
     }
-    (void)::fchmod(m_file.Number(), m_old ? m_old->st_mode & 07777 : 0666 & ~mask);
+    const mode_t mode = m_old ? m_old->st_mode & 07777 : 0666 & ~mask;
+    (void)Uninterrupted([&] { return ::fchmod(m_file.Number(), mode); });
   }
 
   std::string m_target;
@@ -126,7 +132,8 @@ class OverwritingReplacement : public FileReplacement {
     if (::lseek(m_file.Number(), 0, SEEK_SET) < 0) return StatusOfSystemError(errno);
     const FileStatus status = WriteAll(m_file.Number(), content);
     if (status != FileStatus::Ok) return status;
-    if (::ftruncate(m_file.Number(), static_cast<off_t>(content.size())) != 0) {
+    const auto length = static_cast<off_t>(content.size());
+    if (Uninterrupted([&] { return ::ftruncate(m_file.Number(), length); }) != 0) {
       return StatusOfSystemError(errno);
     }
     return Flush(m_file.Number());

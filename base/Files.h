@@ -52,8 +52,6 @@ class Files {
 
   bool Exists(const Text& path) { return !Find(path).empty(); }
 
-  virtual bool FolderExists(const Text& path) = 0;
-
   /// Reads a whole file. `content` is meaningless after a failure. A file above 256 MiB, which no
   /// stack can be, fails with OutOfMemory.
   virtual FileStatus Read(const Text& path, std::string& content) = 0;

@@ -11,11 +11,8 @@ constexpr mode_t AnyoneMay = 0666;  // less what the user's mask takes away
 }  // namespace
 
 Descriptor OpenFile(const std::string& path, int flags) {
-  int number = -1;
-  do {
-    number = ::open(path.c_str(), flags | O_CLOEXEC, AnyoneMay);
-  } while (number < 0 && errno == EINTR);
-  return Descriptor(number);
+  return Descriptor(
+      Uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, AnyoneMay); }));
 }
 
 std::string FolderOf(const std::string& path) {
@@ -39,16 +36,18 @@ FileStatus StatusForPath(const std::string& path, int errorNumber) {
 
 FileStatus WriteAll(int file, std::string_view content) {
   while (!content.empty()) {
-    const ssize_t written = ::write(file, content.data(), content.size());
-    if (written < 0 && errno == EINTR) continue;
+    const ssize_t written =
+        Uninterrupted([&] { return ::write(file, content.data(), content.size()); });
     if (written < 0) return StatusOfSystemError(errno);
+    if (written == 0) return FileStatus::DeviceError;  // asking again could go on for ever
     content.remove_prefix(static_cast<std::size_t>(written));
   }
   return FileStatus::Ok;
 }
 
 FileStatus Flush(int file) {
-  return ::fsync(file) == 0 || errno == EINVAL ? FileStatus::Ok : StatusOfSystemError(errno);
+  const bool flushed = Uninterrupted([&] { return ::fsync(file); }) == 0;
+  return flushed || errno == EINVAL ? FileStatus::Ok : StatusOfSystemError(errno);
 }
 
 FileStatus ReadAll(int file, std::string& content) {
@@ -60,13 +59,12 @@ FileStatus ReadAll(int file, std::string& content) {
   content.resize(static_cast<std::size_t>(info.st_size));
   std::size_t filled = 0;
   while (filled < content.size()) {
-    const ssize_t got = ::read(file, content.data() + filled, content.size() - filled);
-    if (got < 0 && errno == EINTR) continue;
+    const ssize_t got = Uninterrupted(
+        [&] { return ::read(file, content.data() + filled, content.size() - filled); });
     if (got < 0) return StatusOfSystemError(errno);
-    if (got == 0) break;  // the file became shorter meanwhile
+    if (got == 0) return FileStatus::DeviceError;  // somebody is writing it
     filled += static_cast<std::size_t>(got);
   }
-  content.resize(filled);
   return FileStatus::Ok;
 }
 

@@ -11,6 +11,15 @@
 
 // The system's calls for files, as the rest of this folder uses them. Paths are bytes here.
 
+/// Makes a call again for as long as signals interrupt it.
+template <class Call>
+auto Uninterrupted(Call call) {
+  for (;;) {
+    const auto result = call();
+    if (result >= 0 || errno != EINTR) return result;
+  }
+}
+
 /// A file descriptor that closes itself.
 class Descriptor {
  public:
@@ -53,7 +62,8 @@ FileStatus WriteAll(int file, std::string_view content);
 /// Waits until what was written is on the device.
 FileStatus Flush(int file);
 
-/// Reads a regular file whole; a folder, a device and a file of more than 256 MiB fail.
+/// Reads a regular file whole; a folder, a device and a file of more than 256 MiB fail, and so does
+/// one that ends early: its first part must not pass for the whole.
 FileStatus ReadAll(int file, std::string& content);
 
 /// Makes a folder and those above it; one that is there already is no failure.

@@ -51,7 +51,7 @@ Text MemoryFiles::Find(const Text& path) {
   return m_files.contains(found) ? found : Text();
 }
 
-bool MemoryFiles::FolderExists(const Text& path) {
+bool MemoryFiles::HasFolder(const Text& path) const {
   const Text prefix = WithSeparator(path);
   if (prefix.empty() || m_folders.contains(prefix)) return true;
   const auto first = m_files.lower_bound(prefix);
@@ -63,8 +63,7 @@ FileStatus MemoryFiles::Read(const Text& path, std::string& content) {
   if (failRead != FileStatus::Ok) return failRead;
   const auto file = m_files.find(Resolve(path));
   if (file == m_files.end()) {
-    return FolderExists(Text(FolderPart(path))) ? FileStatus::FileNotFound
-                                                : FileStatus::PathNotFound;
+    return HasFolder(Text(FolderPart(path))) ? FileStatus::FileNotFound : FileStatus::PathNotFound;
   }
   content = file->second;
   return FileStatus::Ok;
@@ -82,7 +81,7 @@ FileStatus MemoryFiles::Remove(const Text& path) {
 }
 
 FileStatus MemoryFiles::List(const Text& folder, FolderContent& content) {
-  if (!FolderExists(folder)) return FileStatus::PathNotFound;
+  if (!HasFolder(folder)) return FileStatus::PathNotFound;
   content = {};
   const Text prefix = WithSeparator(folder);
   for (const auto& [name, bytes] : m_files) {

@@ -25,7 +25,6 @@ class MemoryFiles : public Files {
   int openReplacements = 0;
 
   Text Find(const Text& path) override;
-  bool FolderExists(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;
   FileStatus Remove(const Text& path) override;
@@ -36,6 +35,7 @@ class MemoryFiles : public Files {
  private:
   class Replacement;
   Text Resolve(const Text& path) const;
+  bool HasFolder(const Text& path) const;
 
   std::map<Text, std::string> m_files;
   std::set<Text> m_folders;

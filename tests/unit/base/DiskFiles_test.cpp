@@ -1,9 +1,9 @@
 #include "base/DiskFiles.h"
 
 #include "base/Paths.h"
+#include "tests/support/RealDisk.h"
 #include "tests/support/TextPrinters.h"
 
-#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -20,41 +20,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr uid_t Nobody = 65534;
-
-/// Root may do anything, so nobody could see what a permission does: gives the rights of root up
-/// for as long as it lives.
-class WithoutRights {
- public:
-  WithoutRights() : m_root(::geteuid() == 0) {
-    if (m_root && ::setresuid(Nobody, Nobody, 0) != 0) ADD_FAILURE() << "cannot give rights up";
-  }
-  ~WithoutRights() {
-    if (m_root && ::setresuid(0, 0, 0) != 0) std::abort();
-  }
-
- private:
-  bool m_root;
-};
-
-/// As on a full disk: no file can grow beyond `bytes`.
-class SmallDisk {
- public:
-  explicit SmallDisk(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &m_old);
-    const rlimit small{bytes, m_old.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~SmallDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &m_old);
-    (void)std::signal(SIGXFSZ, m_oldHandler);
-  }
-
- private:
-  void (*m_oldHandler)(int);
-  rlimit m_old{};
-};
 
 class Umask {
  public:
@@ -184,15 +149,15 @@ TEST_F(DiskFilesTest, FindsFoldersInAnotherLetterCase) {
   fs::create_directories(Cards() / "Spanish" / "Unit1");
   Put("Spanish/Unit1/verbs.QBC", "found");
   EXPECT_EQ(Content("SPANISH/unit1/VERBS.qbc"), "found");
-  EXPECT_TRUE(files.FolderExists(At("spanish/UNIT1")));
-  EXPECT_TRUE(files.FolderExists(At("spanish/UNIT1/")));
+  FolderContent content;
+  EXPECT_EQ(files.List(At("spanish/UNIT1/"), content), FileStatus::Ok);
+  EXPECT_EQ(content.files, std::vector<Text>{u"verbs.QBC"});
 }
 
 TEST_F(DiskFilesTest, UnderstandsBackslashes) {
   fs::create_directory(Cards() / "Spanish");
   Put("Spanish/verbs.QBC", "found");
   EXPECT_EQ(Content("Spanish\\verbs.QBC"), "found");
-  EXPECT_TRUE(files.FolderExists(At("spanish\\")));
 }
 
 TEST_F(DiskFilesTest, FindsANameThatHoldsABackslash) {
@@ -217,7 +182,6 @@ TEST_F(DiskFilesTest, AFolderIsNoFile) {
 
 TEST_F(DiskFilesTest, AFileIsNoFolder) {
   Put("verbs.QBC", "x");
-  EXPECT_FALSE(files.FolderExists(At("verbs.QBC")));
   EXPECT_EQ(ReadStatus("verbs.QBC/more"), FileStatus::PathNotFound);
   EXPECT_EQ(Write("verbs.QBC/more", "x"), FileStatus::PathNotFound);
 }
@@ -269,15 +233,15 @@ TEST_F(DiskFilesTest, RefusesANameWithANullCharacter) {
   EXPECT_EQ(files.List(name, listed), FileStatus::IllegalName);
   EXPECT_EQ(files.MakeFolder(name), FileStatus::IllegalName);
   EXPECT_FALSE(files.Exists(name));
-  EXPECT_FALSE(files.FolderExists(DecodePath(Cards().string()) + Text(1, u'\0') + u"x"));
   EXPECT_EQ(OnDisk("verbs"), "old");
 }
 
 TEST_F(DiskFilesTest, NoNameIsNoFileButTheCurrentFolder) {
   std::string content;
+  FolderContent listed;
   EXPECT_FALSE(files.Exists(u""));
   EXPECT_EQ(files.Read(u"", content), FileStatus::FileNotFound);
-  EXPECT_TRUE(files.FolderExists(u""));
+  EXPECT_EQ(files.List(u"", listed), FileStatus::Ok);
 }
 
 TEST_F(DiskFilesTest, DoesNotWaitForAPipe) {
@@ -568,6 +532,15 @@ TEST_F(DiskFilesTest, ListsNoHiddenNamesAndNoLinksToNothing) {
   FolderContent content;
   EXPECT_EQ(files.List(At(""), content), FileStatus::Ok);
   EXPECT_EQ(content.files, (std::vector<Text>{u"link.QBC", u"verbs.QBC"}));
+}
+
+TEST_F(DiskFilesTest, ListsWhatItMayNotLookAt) {
+  const WithoutRights nobody;
+  Put("verbs.QBC", "x");
+  SetMode("", 0444);
+  FolderContent content;
+  EXPECT_EQ(files.List(At(""), content), FileStatus::Ok);
+  EXPECT_EQ(content.files, std::vector<Text>{u"verbs.QBC"});
 }
 
 TEST_F(DiskFilesTest, AListReplacesTheCallers) {
