@@ -104,7 +104,7 @@ FileStatus CardEditor::Save() {
     file->Abandon();
     return written;
   }
-  const FileStatus closed = file->Close();
+  const FileStatus closed = file->Close(Stack().Origin);
   if (closed == FileStatus::Ok) Compact();
   return closed;
 }

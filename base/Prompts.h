@@ -13,6 +13,7 @@ struct Prompt {
   PromptIcon icon = PromptIcon::None;
   PromptButtons buttons = PromptButtons::Ok;
   Text title = Text(ProgramTitle);
+  bool proposesRefusal = false;  ///< Enter presses Cancel or No, not OK or Yes
 };
 
 /// Where logic and windows ask and tell. The answer is one of the prompt's own buttons; a box that

@@ -2,6 +2,7 @@
 
 #include "base/Int16.h"
 #include "base/Text.h"
+#include "cards/StackOrigin.h"
 
 #include <cstdint>
 #include <vector>
@@ -26,6 +27,7 @@ class CardStack {
   Int16 TopicIndex = 0;
   Text StackName;  ///< as shown; kept without padding, at most StackNameWidth characters
   Int16 CardCount = 0;
+  StackOrigin Origin;
 
   TextView SideText(int card, int side) const { return View(FieldAt(card, side, TextField)); }
   /// Full path of the side's sound file, or as the user typed it; empty when there is none.

@@ -29,8 +29,14 @@ FileStatus StackFile::WriteSide(Text& text, TextView soundPath, TextView picture
   return status;
 }
 
-FileStatus StackFile::Close() { return m_replacement->Commit(EncodeFileText(m_content)); }
+FileStatus StackFile::Close(StackOrigin& origin) {
+  const std::string content = EncodeFileText(m_content);
+  const FileStatus status = m_replacement->Commit(content);
+  if (status == FileStatus::Ok) origin = StackOrigin(m_path, content);
+  return status;
+}
 
 void StackFile::Abandon() {
-  if (!m_replacement->ReplacesExisting()) (void)Close();
+  StackOrigin part;  // no stack's: the file holds less than the stack
+  if (!m_replacement->ReplacesExisting()) (void)Close(part);
 }

@@ -3,6 +3,7 @@
 #include "base/FileStatus.h"
 #include "base/Files.h"
 #include "base/Text.h"
+#include "cards/StackOrigin.h"
 
 #include <memory>
 #include <utility>
@@ -11,8 +12,9 @@
 /// whole; an object that goes without Close leaves the file as it was.
 class StackFile {
  public:
-  explicit StackFile(std::unique_ptr<FileReplacement> replacement)
-      : m_replacement(std::move(replacement)) {}
+  /// @param path  of the file, as it is found on disk
+  StackFile(std::unique_ptr<FileReplacement> replacement, Text path)
+      : m_replacement(std::move(replacement)), m_path(std::move(path)) {}
 
   /// A CR or LF in a one-line value would shift every card of the file, so it becomes a blank.
   void WriteHeader(TextView topicName, TextView description);
@@ -21,7 +23,8 @@ class StackFile {
   /// Encodes one side and writes its line; `text` changes as EncodeSideLine says.
   FileStatus WriteSide(Text& text, TextView soundPath, TextView picturePath);
 
-  FileStatus Close();
+  /// @param origin  becomes this file and what it now holds; after a failure it stays
+  FileStatus Close(StackOrigin& origin);
 
   /// Gives up after a failure. A file that was there keeps its content; under a new name the lines
   /// written so far stay, for they may be the only copy.
@@ -29,5 +32,6 @@ class StackFile {
 
  private:
   std::unique_ptr<FileReplacement> m_replacement;
+  Text m_path;
   Text m_content;
 };

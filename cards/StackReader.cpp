@@ -147,12 +147,17 @@ FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, Tex
                          TextView fileName, ReadMode mode, const TopicCheck& check) try {
   const Text base = WithSeparator(folder);
   std::string content;
-  const FileStatus status = files.Read(Text(base).append(fileName), content);
+  const Text path = Text(base).append(fileName);
+  FileStatus status = files.Read(path, content);
   if (status != FileStatus::Ok) return status;
-  if (ContainsIgnoringCase(fileName, u".QBS")) {
-    return ReadImportStack(stacks, prompts, content, base, mode, check);
+  status = ContainsIgnoringCase(fileName, u".QBS")
+               ? ReadImportStack(stacks, prompts, content, base, mode, check)
+               : ReadNativeStack(stacks, content, base, mode, check);
+  if (status == FileStatus::Ok && mode == ReadMode::Full) {
+    const Text found = files.Find(path);
+    stacks.Current().Origin = StackOrigin(found.empty() ? path : found, content);
   }
-  return ReadNativeStack(stacks, content, base, mode, check);
+  return status;
 } catch (const Fault& fault) {
   if (fault.Number() != FileStatus::Overflow) throw;
   return fault.Number();  // more stacks than a 16-bit number counts

@@ -8,7 +8,8 @@
 /// What the stack file dialog is opened for.
 enum class FileDialogMode : std::int16_t { Load = 1, Delete = 2, SaveNew = 3, SaveEdited = 4 };
 
-/// Writes the selected stack; asks before it replaces a file. With `SaveNew` all of it, and then
+/// Writes the selected stack; asks before it replaces a file, and again where that is the stack's
+/// own file and was changed since it was loaded or saved. With `SaveNew` all of it, and then
 /// the texts in memory hold their encoded form, a blank and the sound's bare name. With any other
 /// mode the two header lines only, and the file stays open as `StackFileNumber` for the card
 /// editor.

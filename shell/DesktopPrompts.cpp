@@ -46,6 +46,10 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
   box.setTextFormat(Qt::PlainText);
   box.setWindowModality(Qt::ApplicationModal);
   if (prompt.buttons == PromptButtons::YesNo) box.setEscapeButton(QMessageBox::No);
+  if (prompt.proposesRefusal) {
+    box.setDefaultButton(prompt.buttons == PromptButtons::YesNo ? QMessageBox::No
+                                                                : QMessageBox::Cancel);
+  }
   const bool busy = QApplication::overrideCursor() != nullptr;
   SetPointer(PointerShape::Normal);  // a question under an hourglass cannot be answered
   const int button = box.exec();

@@ -1,12 +1,13 @@
 """What becomes of a stack, and of what was typed, when it can't be saved: on a full disk, in a
-folder that takes nothing, over a file that somebody else has saved meanwhile."""
+folder that takes nothing, over a file that somebody else has saved meanwhile, be it a second one of
+this program."""
 
 import os
 import subprocess
 
-from tests.support.authoring import (ERROR_TITLE, OVERWRITE, SETTINGS, WORDS, choose_file,
+from tests.support.authoring import (CHANGED, ERROR_TITLE, OVERWRITE, SETTINGS, WORDS, choose_file,
                                      edit_title, saved_again, start_editing)
-from tests.support.journey import expect_equal, run, session, stack_of
+from tests.support.journey import expect_equal, run, session, settings_of, stack_of
 
 
 class FailingSave:
@@ -103,8 +104,8 @@ def read_only_folder(program, pictures):
 
 
 def changed_meanwhile(program, pictures):
-    """Somebody else has saved the file while it was being edited: only the question stands between
-    the two, and a no to it must hold."""
+    """Somebody else has saved the file while it was being edited: the usual question does not say so,
+    a second one does, and whoever just presses Enter keeps the file."""
     with session(program, pictures) as journey:
         journey.write_settings(SETTINGS)
         save = FailingSave(journey)
@@ -112,7 +113,12 @@ def changed_meanwhile(program, pictures):
         theirs = stack_of("Spanish", "Theirs", [("theirs", "suyo")])
         save.path.write_bytes(theirs)
         save.save_onto_itself()
-        journey.answer_box(OVERWRITE, "Escape", picture="changed-meanwhile")
+        journey.answer_box(OVERWRITE, "Escape")
+        expect_equal(save.path.read_bytes(), theirs, "the other's file")
+        journey.desktop.wait_for("Save Stack of Cards")
+        journey.desktop.key("Return")
+        journey.answer_box(OVERWRITE, "Return")
+        journey.answer_box(CHANGED, "Return", picture="changed-meanwhile")
         expect_equal(save.path.read_bytes(), theirs, "the other's file")
         choose_file(journey, "mine.QBC")
         journey.expect_file(journey.cards / "mine.QBC", save.expected())
@@ -121,5 +127,47 @@ def changed_meanwhile(program, pictures):
         journey.quit()
 
 
+def two_programs(program, pictures):
+    """Two programs at once, with one settings file, which both make, and one stack."""
+    with session(program, pictures, "first") as first, \
+            session(program, pictures, "second") as second:
+        second.desktop.environment["XDG_CONFIG_HOME"] = first.desktop.environment["XDG_CONFIG_HOME"]
+        first.cards.joinpath("words.QBC").write_bytes(WORDS)
+        path = first.cards / "words.QBC"
+        for journey in (first, second):
+            journey.desktop.start(path)
+        for journey in (first, second):
+            journey.answer_box("Spanish is not a configured Topic.  Add it?", "n")
+            journey.main = journey.desktop.wait_until(journey._main_window, "the main window")
+        first.expect_file(first.settings, settings_of("General"))
+        editors = [start_editing(journey, "words", "General") for journey in (first, second)]
+        for editor, text in zip(editors, ("first", "second")):
+            editor.row("coffee")
+            editor.enter("Front text", text)
+
+        expected = saved_again(WORDS).replace(b"Spanish", b"General", 1)
+        editors[1].button("Save/End")
+        second.desktop.wait_for("Save Stack of Cards")
+        second.desktop.key("Return")
+        second.answer_box(OVERWRITE, "Return")
+        theirs = expected.replace(b"coffee    ", b"second  ")
+        second.expect_file(path, theirs)
+
+        editors[0].button("Save/End")
+        first.desktop.wait_for("Save Stack of Cards")
+        first.desktop.key("Return")
+        first.answer_box(OVERWRITE, "Return")
+        first.answer_box(CHANGED, "Escape")
+        expect_equal(path.read_bytes(), theirs, "the other program's file")
+        first.desktop.wait_for("Save Stack of Cards")
+        first.desktop.key("Return")
+        first.answer_box(OVERWRITE, "Return")
+        first.answer_box(CHANGED, "Tab", "space")
+        first.expect_file(path, expected.replace(b"coffee    ", b"first  "))
+        for journey in (first, second):
+            journey.quit()
+        expect_equal(first.settings.read_bytes(), settings_of("General"), "the settings")
+
+
 if __name__ == "__main__":
-    run(full_disk, read_only_folder, changed_meanwhile)
+    run(full_disk, read_only_folder, changed_meanwhile, two_programs)

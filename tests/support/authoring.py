@@ -3,6 +3,8 @@
 from tests.support.journey import settings_of, stack_of
 
 OVERWRITE = "File Already Exists. Overwrite?\n(Choose OK if you are editing)"
+CHANGED = ("The file was changed elsewhere since you loaded or saved this stack.\n"
+           "Overwrite those changes?\n(Choose Cancel to keep the file)")
 ERROR_TITLE = "Quib!Cards 5.50 Error"
 SETTINGS = settings_of("General", ("Spanish", "32Eé36Nñ"), "French")
 WORDS = stack_of("Spanish", "Five words and a flag",

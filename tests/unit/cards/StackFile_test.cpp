@@ -14,10 +14,11 @@ class StackFileTest : public testing::Test {
   StackFile Open() {
     std::unique_ptr<FileReplacement> replacement;
     EXPECT_EQ(files.Replace(u"x.QBC", replacement), FileStatus::Ok);
-    return StackFile(std::move(replacement));
+    return StackFile(std::move(replacement), u"x.QBC");
   }
 
   MemoryFiles files;
+  StackOrigin origin;
 };
 
 }  // namespace
@@ -25,21 +26,21 @@ class StackFileTest : public testing::Test {
 TEST_F(StackFileTest, WritesTopicAndPaddedDescription) {
   StackFile file = Open();
   file.WriteHeader(u"Spanish", u"Animals");
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "Spanish\r\nAnimals" + std::string(57, ' ') + "\r\n");
 }
 
 TEST_F(StackFileTest, CutsTheDescriptionTo64Characters) {
   StackFile file = Open();
   file.WriteHeader(u"T", Text(70, u'd'));
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "T\r\n" + std::string(64, 'd') + "\r\n");
 }
 
 TEST_F(StackFileTest, WritesBlanksForLineBreaksInTheHeader) {
   StackFile file = Open();
   file.WriteHeader(u"To\r\npic", u"a\nb\rc");
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "To  pic\r\na b c" + std::string(59, ' ') + "\r\n");
 }
 
@@ -47,7 +48,7 @@ TEST_F(StackFileTest, WritesBlanksForLineBreaksInMediaNames) {
   StackFile file = Open();
   Text text = u"dog";
   EXPECT_EQ(file.WriteSide(text, u"c/a\r\nb.wav", u"c\n/d\re.bmp"), FileStatus::Ok);
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "dog a  b.wav d e.bmp\r\n");
 }
 
@@ -55,7 +56,7 @@ TEST_F(StackFileTest, ASideThatFailsWritesNoLine) {
   StackFile file = Open();
   Text text = u"a^b";
   EXPECT_EQ(file.WriteSide(text, u"", u""), FileStatus::Overflow);
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "");
 }
 
@@ -90,13 +91,13 @@ TEST_F(StackFileTest, AbandonedLeavesTheLinesWrittenSoFarUnderANewName) {
 
 TEST_F(StackFileTest, ReportsAFailureToClose) {
   files.failCommit = FileStatus::DiskFull;
-  EXPECT_EQ(Open().Close(), FileStatus::DiskFull);
+  EXPECT_EQ(Open().Close(origin), FileStatus::DiskFull);
 }
 
 TEST_F(StackFileTest, IsWindows1252WhereThatHasACodeForEveryCharacter) {
   StackFile file = Open();
   file.WriteLine(u"\u20AC \u00E9 \u0081 \u0153");
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "\x80 \xE9 \x81 \x9C\r\n");
 }
 
@@ -104,6 +105,6 @@ TEST_F(StackFileTest, IsMarkedUtf8WhereACharacterHasNoCode) {
   StackFile file = Open();
   file.WriteLine(u"\u00E9");
   file.WriteLine(u"\u0434\U0001F600");
-  EXPECT_EQ(file.Close(), FileStatus::Ok);
+  EXPECT_EQ(file.Close(origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"x.QBC"), "\xEF\xBB\xBF\xC3\xA9\r\n\xD0\xB4\xF0\x9F\x98\x80\r\n");
 }

@@ -192,11 +192,21 @@ TEST_F(WriteStackFileTest, AFullDiskIsReportedAndLeavesTheOldFile) {
   EXPECT_EQ(stacks.StackFileNumber, nullptr);
 }
 
+TEST_F(WriteStackFileTest, AFullDiskLeavesTheTextsAsTheyWereForTheNextTry) {
+  files.failCommit = FileStatus::DiskFull;
+  EXPECT_EQ(Write(), FileStatus::DiskFull);
+  EXPECT_EQ(stacks.Current().SideText(1, Front), u"dog");
+  EXPECT_EQ(stacks.Current().SideText(2, Front), u"the cat\r\nel gato");
+  files.failCommit = FileStatus::Ok;
+  ASSERT_EQ(Write(), FileStatus::Ok) << "a line break, encoded twice, would be a caret";
+  EXPECT_TRUE(files.Content(u"c/x.QBC").starts_with(Header + "dog perro.wav dog.bmp\r\n"));
+}
+
 TEST_F(WriteStackFileTest, ForTheEditorTheHeaderIsWrittenAndTheFileStaysOpen) {
   ASSERT_EQ(Write(FileDialogMode::SaveEdited), FileStatus::Ok);
   ASSERT_NE(stacks.StackFileNumber, nullptr);
   EXPECT_FALSE(files.Has(u"c/x.QBC"));
-  EXPECT_EQ(stacks.StackFileNumber->Close(), FileStatus::Ok);
+  EXPECT_EQ(stacks.StackFileNumber->Close(stacks.Current().Origin), FileStatus::Ok);
   EXPECT_EQ(files.Content(u"c/x.QBC"), Header);
 }
 

@@ -3,6 +3,7 @@
 #include "authoring/RowLabel.h"
 #include "authoring/frmCreate.h"
 #include "authoring/frmFind.h"
+#include "cards/StackFileOperations.h"
 #include "settings/frmConfig.h"
 #include "tests/window/authoring/AuthoringFixture.h"
 
@@ -916,7 +917,7 @@ TEST_F(frmEditTest, AFileThatAnEarlierSaveLeftOpenIsNotTakenForAnAnswer) {
   files.Put(u"/cards/other.QBC", "other");
   std::unique_ptr<FileReplacement> replacement;
   ASSERT_EQ(files.Replace(u"/cards/other.QBC", replacement), FileStatus::Ok);
-  shared.Stacks.StackFileNumber = std::make_unique<StackFile>(std::move(replacement));
+  shared.Stacks.StackFileNumber = std::make_unique<StackFile>(std::move(replacement), u"x.QBC");
   WithEditor([](frmEdit& window) {
     CancelSave([&] { Click(window, "cmdEnd"); });
     EXPECT_TRUE(window.isVisible());
@@ -973,6 +974,35 @@ TEST_F(frmEditTest, AStackCanBeEditedAndSavedAgainAndAgain) {
     if (time == 0) first = files.Content(u"/cards/verbs.QBC");
     EXPECT_EQ(files.Content(u"/cards/verbs.QBC"), first);
   }
+}
+
+TEST_F(frmEditTest, AFileThatWasChangedElsewhereIsKeptUnlessTheUserInsists) {
+  const std::string theirs = "General\r\ntheirs\r\nx\r\ny\r\n";
+  files.Put(u"/cards/verbs.QBC", "General\r\nSome verbs\r\na\r\nb\r\n");
+  ASSERT_EQ(::LoadStack(shared.Stacks, files, prompts, u"/cards", u"verbs.QBC",
+                        [](const Text&) { return 0; }),
+            FileStatus::Ok);
+  files.Put(u"/cards/verbs.QBC", theirs);
+  WithEditor([&](frmEdit& window) {
+    prompts.Expect(Answer::Ok);
+    prompts.Expect(Answer::Cancel);
+    SaveEnd(window);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(files.Content(u"/cards/verbs.QBC"), theirs);
+    EXPECT_EQ(shared.Stacks.StackFileNumber, nullptr);
+    prompts.Expect(Answer::Ok);
+    prompts.Expect(Answer::Ok);
+    SaveEnd(window);
+    EXPECT_FALSE(window.isVisible());
+  });
+  EXPECT_TRUE(files.Content(u"/cards/verbs.QBC").ends_with("\r\na  \r\nb  \r\n"));
+  ASSERT_EQ(prompts.shown.size(), 4U);
+  EXPECT_TRUE(prompts.shown[1].text.starts_with(u"The file was changed elsewhere"));
+  WithEditor([&](frmEdit& window) {
+    prompts.Expect(Answer::Ok);
+    SaveEnd(window);
+    EXPECT_FALSE(window.isVisible()) << "what the editor saved itself is no change";
+  });
 }
 
 // --- Leaving ---

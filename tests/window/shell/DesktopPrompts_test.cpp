@@ -46,6 +46,18 @@ TEST_F(DesktopPromptsTest, EscapeMeansNoCancelOrOk) {
   EXPECT_EQ(Ask({.text = u"?"}, escape), Answer::Ok);
 }
 
+TEST_F(DesktopPromptsTest, EnterPressesTheFirstButtonUnlessRefusingIsProposed) {
+  const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+  for (const bool refusal : {false, true}) {
+    EXPECT_EQ(
+        Ask({.text = u"?", .buttons = PromptButtons::OkCancel, .proposesRefusal = refusal}, enter),
+        refusal ? Answer::Cancel : Answer::Ok);
+    EXPECT_EQ(
+        Ask({.text = u"?", .buttons = PromptButtons::YesNo, .proposesRefusal = refusal}, enter),
+        refusal ? Answer::No : Answer::Yes);
+  }
+}
+
 TEST_F(DesktopPromptsTest, AQuestionIsAnsweredWithTheNormalPointer) {
   const BusyPointer busy;
   Ask({.text = u"?"}, [](QMessageBox& box) {
