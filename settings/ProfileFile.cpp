@@ -44,19 +44,24 @@ int IntegerOf(TextView text) {
 
 }  // namespace
 
-Text ProfileFile::GetString(TextView section, TextView key, TextView fallback,
-                            std::size_t longest) const {
-  std::string bytes;
-  std::optional<Text> value;
-  if (m_files.Read(m_path, bytes) == FileStatus::Ok) {
-    value = ProfileText(DecodeFileText(bytes)).Value(section, key);
-  }
+Text StringIn(const ProfileText& profile, TextView section, TextView key, TextView fallback,
+              std::size_t longest) {
+  const std::optional<Text> value = profile.Value(section, key);
   return Text(CutText(value ? *value : TrimRight(fallback), longest));
 }
 
-int ProfileFile::GetInt(TextView section, TextView key, int fallback) const {
-  const Text value = GetString(section, key, u"", LongestNumber);
+int IntegerIn(const ProfileText& profile, TextView section, TextView key, int fallback) {
+  const Text value = StringIn(profile, section, key, u"", LongestNumber);
   return value.empty() ? fallback : IntegerOf(value);
+}
+
+Text ProfileFile::GetString(TextView section, TextView key, TextView fallback,
+                            std::size_t longest) const {
+  return StringIn(Read().value_or(ProfileText(u"")), section, key, fallback, longest);
+}
+
+int ProfileFile::GetInt(TextView section, TextView key, int fallback) const {
+  return IntegerIn(Read().value_or(ProfileText(u"")), section, key, fallback);
 }
 
 bool ProfileFile::WriteString(TextView section, TextView key, TextView value) {
@@ -71,18 +76,31 @@ bool ProfileFile::DeleteSection(TextView section) {
   return Change([&](ProfileText& profile) { profile.RemoveSection(section); });
 }
 
+/// A file that is not there is an empty one.
+FileStatus ProfileFile::ReadText(std::optional<ProfileText>& text) const {
+  std::string bytes;
+  const FileStatus status = m_files.Read(m_path, bytes);
+  if (status == FileStatus::Ok) text.emplace(DecodeFileText(bytes));
+  if (status == FileStatus::FileNotFound || status == FileStatus::PathNotFound) text.emplace(u"");
+  return status;
+}
+
+std::optional<ProfileText> ProfileFile::Read() const {
+  std::optional<ProfileText> text;
+  (void)ReadText(text);
+  return text;
+}
+
 bool ProfileFile::Change(const std::function<void(ProfileText&)>& change) {
   const std::unique_ptr<FileLock> lock = m_files.Lock(m_path);
-  std::string bytes;
-  const FileStatus read = m_files.Read(m_path, bytes);
+  std::optional<ProfileText> profile;
+  const FileStatus read = ReadText(profile);
   // A file that is there but cannot be read must not be replaced by one line.
-  if (read != FileStatus::Ok && read != FileStatus::FileNotFound) return false;
-  if (read == FileStatus::FileNotFound) bytes.clear();
+  if (!profile || read == FileStatus::PathNotFound) return false;
 
-  ProfileText profile(DecodeFileText(bytes));
-  const Text before = profile.Content();
-  change(profile);
-  const Text after = profile.Content();
+  const Text before = profile->Content();
+  change(*profile);
+  const Text after = profile->Content();
   if (after == before && read == FileStatus::Ok) return true;
 
   std::unique_ptr<FileReplacement> replacement;

@@ -5,6 +5,12 @@
 #include "settings/ProfileText.h"
 
 #include <functional>
+#include <optional>
+
+/// As ProfileFile::GetString and GetInt read them, from a text that was read before.
+Text StringIn(const ProfileText& profile, TextView section, TextView key, TextView fallback,
+              std::size_t longest);
+int IntegerIn(const ProfileText& profile, TextView section, TextView key, int fallback);
 
 /// The settings file, read and written one value at a time. Every call sees the file as it is on
 /// disk now and every change is on disk when the call returns; the file is replaced as a whole,
@@ -25,13 +31,22 @@ class ProfileFile {
   /// missing or empty. Wraps at 32 bits; "0x", "0o" and "0b" mark other bases.
   int GetInt(TextView section, TextView key, int fallback) const;
 
+  /// The whole file as it is now, for several values of one moment; nothing when it is there but
+  /// cannot be read.
+  std::optional<ProfileText> Read() const;
+
+  /// Several changes at once: all are on disk when the call returns, or none. `change` is given the
+  /// file as it is now, other programs' changes included.
   /// @return false when the file could not be written, and then it is as before.
+  bool Change(const std::function<void(ProfileText&)>& change);
+
+  /// One change each; the result is that of Change.
   bool WriteString(TextView section, TextView key, TextView value);
   bool DeleteKey(TextView section, TextView key);
   bool DeleteSection(TextView section);
 
  private:
-  bool Change(const std::function<void(ProfileText&)>& change);
+  FileStatus ReadText(std::optional<ProfileText>& text) const;
 
   Files& m_files;
   Text m_path;

@@ -49,6 +49,8 @@ TextView Unquoted(TextView value) {
 
 }  // namespace
 
+TextView SectionName(TextView name) { return TrimBlanks(name.substr(0, name.find(u']'))); }
+
 ProfileText::ProfileText(TextView content) {
   const TextView lineEnd = content.find(LineBreak) != TextView::npos ? LineBreak : u"\n";
   while (!content.empty()) {
@@ -65,7 +67,7 @@ Text ProfileText::Content() const {
 }
 
 std::optional<ProfileText::Range> ProfileText::FindSection(TextView section) const {
-  section = TrimBlanks(section);
+  section = SectionName(section);
   std::optional<Range> found;
   for (std::size_t i = 0; i < m_lines.size(); ++i) {
     const std::optional<TextView> name = HeaderName(m_lines[i]);

@@ -5,6 +5,10 @@
 #include <optional>
 #include <vector>
 
+/// The name under which a section is found: as its header reads, which ends at the first "]". A
+/// name that goes on behind one, in a file made by hand, shares the section of the shorter name.
+TextView SectionName(TextView name);
+
 /// The content of a settings file as a list of lines, read and edited one line at a time: comments,
 /// order, spelling and unknown lines survive every change. See docs/formats.md, "Settings file".
 ///

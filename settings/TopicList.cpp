@@ -3,6 +3,24 @@
 #include "base/LetterCase.h"
 
 #include <algorithm>
+#include <optional>
+
+namespace {
+
+/// False for topics whose name, in a file made by hand, leads to what belongs to others: the list's
+/// own section, or the one of a topic whose name is the part before a "]". Topics whose names
+/// differ in letter case only share a section, and the first to go takes it along.
+bool HasOwnSection(const TopicList& topics, int index) {
+  const Text& name = topics.Names[static_cast<std::size_t>(index)];
+  const TextView section = SectionName(name);
+  if (section.empty() || EqualIgnoringCase(section, TopicsSection)) return false;
+  if (section.size() == name.size()) return true;
+  return std::none_of(topics.Names.begin(), topics.Names.end(), [&](const Text& other) {
+    return &other != &name && EqualIgnoringCase(SectionName(other), section);
+  });
+}
+
+}  // namespace
 
 bool TopicList::IsTopic(int index) const {
   return index >= 0 && index <= TopicCount && !Names[static_cast<std::size_t>(index)].empty();
@@ -13,13 +31,17 @@ Text TopicList::Name(int index) const {
   return name.empty() ? Text(DefaultTopicName) : name;
 }
 
-void LoadTopicList(TopicList& topics, const ProfileFile& profile) {
+void ReadTopicNames(TopicList& topics, const ProfileText& profile) {
   topics.TopicCount = -1;
   for (int i = 0; i <= MaxTopics; ++i) {
     Text& name = topics.Names[static_cast<std::size_t>(i)];
-    name = TrimRight(profile.GetString(TopicsSection, NumberText(i), u"", MaxTopicName));
+    name = TrimRight(StringIn(profile, TopicsSection, NumberText(i), u"", MaxTopicName));
     if (!name.empty()) topics.TopicCount = i;
   }
+}
+
+void LoadTopicList(TopicList& topics, const ProfileFile& profile) {
+  if (const std::optional<ProfileText> text = profile.Read()) ReadTopicNames(topics, *text);
 }
 
 int DefaultTopic(const TopicList& topics, const ProfileFile& profile) {
@@ -50,13 +72,18 @@ bool IsTakenTopicName(const TopicList& topics, TextView name) {
 void DeleteTopic(TopicList& topics, ProfileFile& profile, int index) {
   if (index < 0 || index > topics.TopicCount) return;
   const Text name = topics.Names[static_cast<std::size_t>(index)];
-  // A topic that a hand-made file calls like the list itself has no section of its own.
-  if (!name.empty() && !EqualIgnoringCase(name, TopicsSection)) profile.DeleteSection(name);
-  for (int j = index; j < topics.TopicCount; ++j) {
-    profile.WriteString(TopicsSection, NumberText(j),
-                        topics.Names[static_cast<std::size_t>(j) + 1]);
-  }
-  profile.DeleteKey(TopicsSection, NumberText(topics.TopicCount));
+  profile.Change([&](ProfileText& text) {
+    TopicList now;
+    ReadTopicNames(now, text);
+    const bool isThere = now.Names[static_cast<std::size_t>(index)] == name;
+    const int place = isThere ? index : FindTopic(now, name);
+    if (place < 0) return;
+    if (HasOwnSection(now, place)) text.RemoveSection(name);
+    for (int j = place; j < now.TopicCount; ++j) {
+      text.SetValue(TopicsSection, NumberText(j), now.Names[static_cast<std::size_t>(j) + 1]);
+    }
+    text.RemoveKey(TopicsSection, NumberText(now.TopicCount));
+  });
   LoadTopicList(topics, profile);
 }
 

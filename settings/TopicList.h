@@ -31,7 +31,11 @@ struct TopicList {
   Text Name(int index) const;
 };
 
-/// Reads the names 0..10; a gap does not end the list. CurrentTopic stays.
+/// Takes the names 0..10; a gap does not end the list. CurrentTopic stays.
+void ReadTopicNames(TopicList& topics, const ProfileText& profile);
+
+/// Reads the names from the file. The list stays as it is while the file cannot be read: topics
+/// that are only out of sight must not lose their numbers to new ones.
 void LoadTopicList(TopicList& topics, const ProfileFile& profile);
 
 /// The topic to select at start; 0 when the settings name none that exists.
@@ -49,7 +53,8 @@ Text CleanTopicName(TextView name);
 /// section (letter case ignored), which a deletion would take with it.
 bool IsTakenTopicName(const TopicList& topics, TextView name);
 
-/// Deletes a topic with its section; the later ones close up, keeping their order. CurrentTopic and
+/// Deletes a topic with its section, wherever in the list another program has put it meanwhile; one
+/// that is gone already stays gone. The later ones close up, keeping their order. CurrentTopic and
 /// the topic numbers of stacks are the caller's affair.
 void DeleteTopic(TopicList& topics, ProfileFile& profile, int index);
 

@@ -36,7 +36,7 @@ TopicSettings LoadTopicSettings(ProfileFile& profile, TextView topicName);
 void SaveTopicFonts(ProfileFile& profile, TextView topicName, const TopicFonts& fonts);
 
 /// Writes a topic's key assignments. A topic that does not exist yet is added behind the others
-/// with `fonts` and becomes the current one.
+/// with `fonts` and becomes the current one; `topics` stays where the file cannot be written.
 /// @return false when there is no number left for another topic; then nothing is written.
 bool SaveTopicAndKeys(ProfileFile& profile, TopicList& topics, TextView topicName,
                       const TopicFonts& fonts, const KeyTable& keys);

@@ -181,6 +181,13 @@ TEST(ProfileTextHeader, DefinesNoKeyOnItsLine) {
   EXPECT_EQ(ProfileText(u"[a]k=1\r\n").Value(u"a", u"[a]k"), std::nullopt);
 }
 
+TEST(ProfileTextHeader, IsFoundUnderANameThatGoesOnBehindABracket) {
+  ProfileText profile(u"[a]b]\r\nk=1\r\n");
+  EXPECT_EQ(profile.Value(u"a]b", u"k"), u"1");
+  profile.SetValue(u"a]b", u"k", u"2");
+  EXPECT_EQ(profile.Content(), u"[a]b]\r\nk=2\r\n");
+}
+
 TEST(ProfileTextHeader, MustStartItsLine) {
   EXPECT_EQ(ProfileText(u"x[S]\r\nk=1\r\n").Value(u"S", u"k"), std::nullopt);
 }

@@ -245,6 +245,50 @@ TEST_F(TopicListTest, DeletingFromAFullListMakesRoom) {
   EXPECT_EQ(topics.TopicCount, 9);
 }
 
+TEST_F(TopicListTest, DeletingFindsTheTopicWhereAnotherProgramHasPutIt) {
+  Put(FourTopics);
+  TopicList others = topics;
+  DeleteTopic(others, profile, 1);  // Spanish: Greek and Russian move down
+  DeleteTopic(topics, profile, 3);
+  EXPECT_EQ(Names(), Eleven({u"General", u"Greek"}));
+  EXPECT_EQ(Content(),
+            "[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n"
+            "[General]\r\nKEYS=g\r\n[Greek]\r\nKEYS=k\r\n");
+}
+
+TEST_F(TopicListTest, DeletingWhatAnotherProgramHasDeletedTakesNoOtherTopic) {
+  Put(FourTopics);
+  TopicList others = topics;
+  DeleteTopic(others, profile, 1);
+  const std::string content = Content();
+  DeleteTopic(topics, profile, 1);
+  EXPECT_EQ(Content(), content);
+  EXPECT_EQ(Names(), Eleven({u"General", u"Greek", u"Russian"}));
+}
+
+TEST_F(TopicListTest, DeletingKeepsTheTopicsThatAnotherProgramHasAdded) {
+  Put(FourTopics);
+  profile.WriteString(u"TOPICS", u"4", u"Latin");
+  DeleteTopic(topics, profile, 2);
+  EXPECT_EQ(Names(), Eleven({u"General", u"Spanish", u"Russian", u"Latin"}));
+}
+
+TEST_F(TopicListTest, DeletingAHandMadeNameTakesNoSectionOfOthers) {
+  for (const std::string name : {"Topics]x", "Greek]x", "]"}) {
+    Put("[TOPICS]\r\n0=General\r\n1=" + name + "\r\n2=Greek\r\n[]\r\nk=1\r\n[Greek]\r\nk=2\r\n");
+    DeleteTopic(topics, profile, 1);
+    EXPECT_EQ(Content(), "[TOPICS]\r\n0=General\r\n1=Greek\r\n[]\r\nk=1\r\n[Greek]\r\nk=2\r\n");
+  }
+}
+
+TEST_F(TopicListTest, StaysAsItIsWhileTheFileCannotBeRead) {
+  Put(FourTopics);
+  files.failRead = FileStatus::DeviceError;
+  LoadTopicList(topics, profile);
+  EXPECT_EQ(topics.TopicCount, 3);
+  EXPECT_EQ(topics.Name(3), u"Russian");
+}
+
 // The topic of a stack file
 
 class ResolveFileTopicTest : public TopicListTest {

@@ -332,6 +332,72 @@ TEST_F(TopicSettingsTest, KeepsEveryKeyCode) {
   }
 }
 
+TEST_F(TopicSettingsTest, AHandMadeNameWithABracketFindsItsSectionAgain) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=a]b\r\n");
+  Start();
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"a]b", {}, OneKey()));
+  EXPECT_EQ(LoadTopicSettings(profile, u"a]b").Keys.KeyCount, 1);
+  const std::string content = Content();
+  EXPECT_EQ(LoadTopicSettings(profile, u"a]b").Fonts, TopicFonts());
+  EXPECT_EQ(Content(), content) << "lines were added by looking";
+}
+
+// Beside another program
+
+TEST_F(TopicSettingsTest, ANewTopicTakesNoNumberThatAnotherProgramHasUsed) {
+  Start();
+  TopicList others = topics;
+  EXPECT_TRUE(SaveTopicAndKeys(profile, others, u"Greek", {}, OneKey()));
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Latin", {}, {}));
+  EXPECT_EQ(topics.Name(1), u"Greek");
+  EXPECT_EQ(topics.Name(2), u"Latin");
+  EXPECT_EQ(topics.CurrentTopic, 2);
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"1", u"", 20), u"Greek");
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, ATopicThatAnotherProgramHasAddedIsNotAddedTwice) {
+  Start();
+  TopicList others = topics;
+  EXPECT_TRUE(SaveTopicAndKeys(profile, others, u"Greek", {}, {}));
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Greek", {}, OneKey()));
+  EXPECT_EQ(topics.TopicCount, 1);
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, ATopicThatCannotBeWrittenIsNotInTheListEither) {
+  Start();
+  files.failCommit = FileStatus::DiskFull;
+  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Greek", {}, {}));
+  EXPECT_EQ(topics.TopicCount, 0);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+/// Fails to read once, as a disk or a busy system may.
+class StumblingFiles : public MemoryFiles {
+ public:
+  FileStatus Read(const Text& path, std::string& content) override {
+    const FileStatus status = MemoryFiles::Read(path, content);
+    return std::exchange(stumble, false) ? FileStatus::TooManyFiles : status;
+  }
+  bool stumble = false;
+};
+
+TEST(TopicSettings, WhatCouldNotBeReadForAMomentIsNotMissing) {
+  const std::string content =
+      "[TOPICS]\r\nDEFAULT=1\r\n0=Mine\r\n1=Greek\r\n[Greek]\r\nFRONTFONT=A\r\nFRONTSIZE=12\r\n"
+      "BACKFONT=B\r\nBACKSIZE=12\r\n";
+  StumblingFiles files;
+  files.Put(u"QUIBCRDS.INI", content);
+  ProfileFile profile(files, u"QUIBCRDS.INI");
+  files.stumble = true;
+  InitSettings(profile);
+  EXPECT_EQ(files.Content(u"QUIBCRDS.INI"), content);
+  files.stumble = true;
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts, TopicFonts());
+  EXPECT_EQ(files.Content(u"QUIBCRDS.INI"), content);
+}
+
 // Selecting
 
 TEST_F(TopicSettingsTest, SelectingReadsTheTopic) {
