@@ -341,9 +341,10 @@ void frmEdit::mnuTopic_Click() {
   CommitTexts();
   TopicList& topics = m_shared.Topics;
   const int before = topics.CurrentTopic;
-  frmConfig::ShowToChange(m_shared, m_platform, this);
-  if (topics.CurrentTopic == before) return;
+  if (!frmConfig::ShowToChange(m_shared, m_platform, this)) return;
+  // Also where it is the selected topic already: the stack's own may be another.
   Stack().TopicIndex = topics.CurrentTopic;
+  if (topics.CurrentTopic == before) return;
   SelectTopic(topics, m_shared.Topic, m_platform.profile, topics.CurrentTopic);
   ShowCaption();
   ApplyFonts();

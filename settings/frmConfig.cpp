@@ -50,9 +50,11 @@ void frmConfig::ShowToAdd(SharedState& shared, Platform& platform, QWidget* owne
   frmConfig(shared, platform, owner).ShowModal();
 }
 
-void frmConfig::ShowToChange(SharedState& shared, Platform& platform, QWidget* owner) {
+bool frmConfig::ShowToChange(SharedState& shared, Platform& platform, QWidget* owner) {
   const TopicSwitches changing(shared.Switches, false, true, Text());
-  frmConfig(shared, platform, owner).ShowModal();
+  frmConfig dialog(shared, platform, owner);
+  dialog.ShowModal();
+  return dialog.m_chosen;
 }
 
 void frmConfig::ShowToDelete(SharedState& shared, Platform& platform, QWidget* owner,
@@ -174,6 +176,7 @@ void frmConfig::cmdAction_Click() {
     AddNewTopic(switches.NewTopicName);
   } else if (switches.ChangeTopicMode) {
     m_shared.Topics.CurrentTopic = row;
+    m_chosen = true;
     Unload();
   } else {
     DeleteListedTopic(row);

@@ -21,7 +21,9 @@ class frmConfig : public Form {
   /// Each of these opens the dialog for one purpose and returns when it is closed.
   static void ShowToAdd(SharedState& shared, Platform& platform, QWidget* owner,
                         const Text& proposedName);
-  static void ShowToChange(SharedState& shared, Platform& platform, QWidget* owner);
+  /// @return true when a topic was chosen, and then it is the current one, as it may have been
+  ///         before; false when the dialog was cancelled
+  static bool ShowToChange(SharedState& shared, Platform& platform, QWidget* owner);
   static void ShowToDelete(SharedState& shared, Platform& platform, QWidget* owner,
                            CloseStudyWindows closeStudyWindows);
 
@@ -51,6 +53,7 @@ class frmConfig : public Form {
   void DeleteListedTopic(int row);
 
   CloseStudyWindows m_closeStudyWindows;
+  bool m_chosen = false;
   QListWidget* lstTopic;
   QLineEdit* txtTopic;
   QPushButton* cmdAction;

@@ -822,6 +822,21 @@ TEST_F(frmEditTest, AnotherTopicIsTakenOverByStackAndWindow) {
   });
 }
 
+TEST_F(frmEditTest, TheSelectedTopicCanBeChosenForAStackOfAnother) {
+  WithEditor(3, [this](frmEdit& window) {
+    Stack().TopicIndex = 2;
+    WithModal<frmConfig>([&] { Choose(window, "mnuChange", "mnuTopic"); },
+                         [](frmConfig& topics) {
+                           auto& list = Find<QListWidget>(topics, "lstTopic");
+                           QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                                             list.visualItemRect(list.item(0)).center());
+                           Click(topics, "cmdAction");
+                         });
+    EXPECT_EQ(shared.Topics.CurrentTopic, 0);
+    EXPECT_EQ(Stack().TopicIndex, 0);
+  });
+}
+
 TEST_F(frmEditTest, ACancelledTopicChangesNothing) {
   WithEditor(3, [this](frmEdit& window) {
     Stack().TopicIndex = 2;
