@@ -62,7 +62,8 @@ CommandLineStack ParseCommandLine(TextView line, Files& files, TextView defaultF
   if (EqualIgnoringCase(path.substr(0, FileScheme.size()), FileScheme)) path = PathOfAddress(path);
   if (path.empty()) return {Text(defaultFolder), Text()};
 
-  CommandLineStack stack{Text(FolderPart(path)), WithStackExtension(BaseName(path))};
+  const TextView name = BaseName(path);
+  CommandLineStack stack{Text(FolderPart(path)), name.empty() ? Text() : WithStackExtension(name)};
   if (stack.folder.empty()) {
     const Text here = WithSeparator(currentFolder) + stack.fileName;
     const bool onlyHere =

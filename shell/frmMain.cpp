@@ -271,8 +271,8 @@ void frmMain::Form_Load(const Text& commandLine) {
 void frmMain::LoadCommandLineStack(const Text& commandLine) {
   const CommandLineStack named = ParseCommandLine(
       commandLine, m_platform.files, m_shared.Switches.DefaultFolder, ToText(QDir::currentPath()));
-  if (named.fileName.empty()) return;
   m_shared.Switches.DefaultFolder = named.folder;
+  if (named.fileName.empty()) return;
   const FileStatus status =
       LoadStack(m_shared.Stacks, m_platform.files, m_platform.prompts, named.folder, named.fileName,
                 frmConfig::FileTopicCheck(m_shared, m_platform, this));

@@ -78,6 +78,15 @@ TEST_F(CommandLineTest, AFileInTheRootFolderKeepsItsSlash) {
   Expect(u"/cards.QBC", u"/", u"cards.QBC");
 }
 
+TEST_F(CommandLineTest, APathThatEndsInASeparatorNamesAFolderAndNoFile) {
+  Expect(u"/a/b/", u"/a/b", u"");
+  Expect(u"a/", u"/here/a", u"");
+  Expect(u"a\\", u"/here/a", u"");
+  Expect(u"/", u"/", u"");
+  Expect(u"\"/my cards/\"", u"/my cards", u"");
+  Expect(u"file:///a/b/", u"/a/b", u"");
+}
+
 TEST_F(CommandLineTest, UnderstandsBackslashes) {
   Expect(u"a\\b\\cards", u"/here/a\\b", u"cards.QBC");
   Expect(u"\\a\\cards.QBC", u"\\a", u"cards.QBC");

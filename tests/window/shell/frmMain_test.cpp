@@ -105,6 +105,12 @@ TEST_F(frmMainTest, TheCommandLinesFolderBecomesTheDefaultFolder) {
   EXPECT_EQ(StackShown(), "x");
 }
 
+TEST_F(frmMainTest, ACommandLineThatNamesAFolderLoadsNothingFromIt) {
+  Open(u"/cards/");
+  EXPECT_EQ(StackShown(), "None");
+  EXPECT_EQ(shared.Switches.DefaultFolder, u"/cards");
+}
+
 TEST_F(frmMainTest, AFailedCommandLineIsToldWithTheTextOfAMissingFile) {
   prompts.Expect(Answer::Ok);
   files.failRead = FileStatus::Ok;
