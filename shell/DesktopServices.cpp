@@ -4,6 +4,7 @@
 #include "base/QtText.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -34,7 +35,8 @@ DesktopServices::DesktopServices()
                m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); }} {}
 
 Text DesktopServices::DefaultFolder() {
-  const QString program = QCoreApplication::applicationDirPath();
-  if (QFileInfo(program).isWritable()) return ToText(program);
+  const QDir program(QCoreApplication::applicationDirPath());
+  const bool installed = program.exists(QStringLiteral("../share/quibcards"));
+  if (!installed && QFileInfo(program.path()).isWritable()) return ToText(program.path());
   return ToText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
 }
