@@ -62,5 +62,9 @@ QIcon TintedIcon(const char* name) {
 
 QIcon ProgramIcon() {
   LoadDrawings();
-  return QIcon(QStringLiteral(":/icons/app.svg"));
+  QIcon icon(QStringLiteral(":/icons/app.svg"));
+  // Title bars show it so small that the cards' edges would fall between the pixels.
+  const QSize small(16, 16);
+  icon.addPixmap(QIcon(QStringLiteral(":/icons/app-16.svg")).pixmap(small, 1.0));
+  return icon;
 }

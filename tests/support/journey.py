@@ -73,6 +73,9 @@ class Journey:
 
     def start(self, *arguments, **how):
         self.desktop.start(*arguments, **how)
+        self.wait_for_main()
+
+    def wait_for_main(self):
         self.main = self.desktop.wait_until(self._main_window, "the main window")
         self.to_main()
 
