@@ -6,9 +6,12 @@ import shutil
 import subprocess
 import tempfile
 
+from tests.support.desktop import DesktopError
 from tests.support.journey import TITLE, expect
 
+DIALOG = "Load Stack of Cards"
 HELP_TITLE = "Quib!Cards Help"
+FRAME = 30  # pixels that a window manager may put around a window
 
 
 def output(*command, **how):
@@ -16,7 +19,7 @@ def output(*command, **how):
     result = subprocess.run([*map(str, command)], stdout=subprocess.PIPE,
                             stderr=subprocess.STDOUT, text=True, **how)
     if result.returncode != 0:
-        raise AssertionError(f"{' '.join(map(str, command))}: {result.stdout}")
+        raise DesktopError(f"{' '.join(map(str, command))}: {result.stdout}")
     return result.stdout
 
 
@@ -55,24 +58,41 @@ def first_session(journey):
     desktop = journey.desktop
     journey.start()
     look_at_face(desktop, journey.main)
-    journey.menu("ctrl+o")
-    dialog = journey.window("Load Stack of Cards")
+    dialog = open_dialog(journey)
     documents = str(desktop.home / "Documents")
     expect(dialog.all("label", documents), "loading begins in the documents")
     desktop.key("alt+p", "s")  # the place Samples
-    desktop.wait_until(lambda: any(label.name.endswith("/share/quibcards/samples")
-                                   for label in dialog.all("label")), "the folder of the samples")
+    desktop.wait_until(lambda: shows_samples(dialog), "the folder of the samples")
     desktop.key("alt+f")
     desktop.type("flags.QBC")
     desktop.key("Return")
     desktop.wait_until(lambda: journey.reader.window(TITLE).one("combo box").name == "flags",
                        "the sample in the list")
+    expect(shows_samples(open_dialog(journey)), "the next time begins in the last folder")
+    desktop.key("Escape")
+    desktop.wait_until_gone(DIALOG)
     journey.to_main()
     desktop.key("F1")
     desktop.wait_until(lambda: desktop.active_title().endswith(HELP_TITLE), "the help")
     desktop.picture("help")
     expect(journey.message() is None, "the help is found")
     journey.quit()
+
+
+def open_dialog(journey):
+    """It stands in the middle of the screen, give or take its frame."""
+    journey.menu("ctrl+o")
+    dialog = journey.window(DIALOG)
+    left, top, width, height = journey.desktop.geometry(journey.desktop.active_window())
+    screen = journey.desktop.look()
+    expect(abs(2 * left + width - screen.width) <= FRAME and
+           abs(2 * top + height - screen.height) <= 2 * FRAME,
+           f"the dialog in the middle: {left}, {top}, {width}, {height}")
+    return dialog
+
+
+def shows_samples(dialog):
+    return any(label.name.endswith("/share/quibcards/samples") for label in dialog.all("label"))
 
 
 def look_at_face(desktop, window):
