@@ -25,8 +25,8 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
-# 0: made by the project itself. A distribution's own package begins at 1 and replaces this one.
-set(CPACK_DEBIAN_PACKAGE_RELEASE 0)
+# Made by the project itself: a distribution's own package begins at 1 and replaces this one.
+set(CPACK_DEBIAN_PACKAGE_RELEASE 0upstream1)
 set(CPACK_DEBIAN_PACKAGE_SECTION education)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 # The libraries are found by dpkg-shlibdeps. It can't see what is loaded by name: the help's search

@@ -2,6 +2,7 @@
 in a root folder of its own it installs, works, and goes without a trace. The first argument is the
 build folder."""
 
+import gzip
 import pathlib
 import shutil
 import tempfile
@@ -29,6 +30,11 @@ class Package:
     def field(self, name):
         return output("dpkg-deb", "--field", self.file, name).strip()
 
+    def content(self, name):
+        root = self.folder / "content"
+        output("dpkg-deb", "--extract", self.file, root)
+        return (root / name).read_bytes()
+
 
 class Root:
     """An empty system. The package has no scripts, so nothing in it needs to run."""
@@ -54,6 +60,9 @@ def checked(build, _):
     with Package(build) as package:
         said = output("lintian", "--allow-root", "--fail-on", "error,warning", package.file)
         expect_equal(said, "", "what lintian says")
+        changelog = gzip.decompress(package.content("usr/share/doc/quibcards/changelog.Debian.gz"))
+        expect(changelog.startswith(f"quibcards ({package.field('Version')}) ".encode()),
+               f"the changelog begins with this version: {changelog}")
         # Needed at run time, but nothing that links to it shows that.
         expect("libqt6sql6-sqlite" in package.field("Depends"), "the help's driver is required")
         expect("libqt6widgets6 (>=" in package.field("Depends"), "the libraries are found")
