@@ -3,6 +3,7 @@ in a root folder of its own it installs, works, and goes without a trace. The fi
 build folder."""
 
 import gzip
+import os
 import pathlib
 import shutil
 import tempfile
@@ -47,9 +48,11 @@ class Root:
         folder.chmod(0o755)
 
     def dpkg(self, *words):
+        pretend = [] if os.getuid() == 0 else ["fakeroot"]
         # The libraries are those of the machine, of which this system knows nothing.
-        return output("dpkg", f"--root={self.folder}", "--force-not-root", "--force-depends",
-                      f"--log={self.folder}/var/log", *words)
+        return output(*pretend, "dpkg", f"--root={self.folder}", "--force-not-root",
+                      "--force-depends", f"--log={self.folder}/var/log", *words,
+                      env={**os.environ, "PATH": os.environ["PATH"] + ":/usr/sbin:/sbin"})
 
     def files(self):
         return [path for path in self.folder.rglob("*")
