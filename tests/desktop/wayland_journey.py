@@ -24,28 +24,37 @@ DIALOGS = (  # what opens each from the main window, and its title
 class WaylandJourney(Journey):
     """The compositor says which window has the keyboard, and the program knows it."""
 
+    def wait_until(self, condition, what):
+        def met():
+            try:
+                return condition()
+            except BusError:
+                return None  # what it asked about has just gone
+        return self.desktop.wait_until(met, what)
+
     def wait_until_active(self, title, role=None):
         """@param role  of something that there must be in the window"""
-        def found():
-            try:
-                return next((window for window in self.reader.windows()
-                             if window.name.rstrip() == title and window.states & STATE_ACTIVE
-                             and (role is None or window.all(role))), None)
-            except BusError:
-                return None  # one has just gone
-        return self.desktop.wait_until(found, f"'{title}' to have the keyboard")
+        return self.wait_until(
+            lambda: next((window for window in self.reader.windows()
+                          if window.name.rstrip() == title and window.states & STATE_ACTIVE
+                          and (role is None or window.all(role))), None),
+            f"'{title}' to have the keyboard")
 
     def wait_for_main(self):
         """The splash has the same title, but no list."""
         self.wait_until_active(TITLE, "combo box")
 
     def open(self, keys, title):
+        *menu, command = keys
         self.wait_for_main()
-        self.desktop.key(*keys)
+        for key in menu:
+            self.desktop.key(key)
+            self.wait_until_active(TITLE, "popup menu")
+        self.desktop.key(command)
         return self.wait_until_active(title)
 
     def wait_until_closed(self, title):
-        self.desktop.wait_until(
+        self.wait_until(
             lambda: title not in [window.name.rstrip() for window in self.reader.windows()],
             f"the end of '{title}'")
 
@@ -56,10 +65,11 @@ def study(journey):
     window = journey.wait_until_active(STUDY)
     for side in ("coffee", "café"):
         journey.desktop.key("space")
-        journey.desktop.wait_until(
+        journey.wait_until(
             lambda: side in [label.name.rstrip() for label in window.all("label")], f"'{side}'")
     journey.desktop.key("space")
-    journey.desktop.wait_until(lambda: journey.message() == "No more cards - Restart?", "the end")
+    journey.wait_until_active(TITLE, "alert message")
+    expect_equal(journey.message(), "No more cards - Restart?", "the question at the end")
     journey.desktop.picture("study")
     journey.desktop.key("Escape")
     journey.wait_until_closed(STUDY)
