@@ -31,6 +31,7 @@ void Form::TameControl(QWidget* control) {
 QMenuBar* Form::AddMenuBar() {
   auto* const bar = new QMenuBar(this);
   layout()->setMenuBar(bar);
+  bar->installEventFilter(this);
   return bar;
 }
 
@@ -110,15 +111,35 @@ void Form::showEvent(QShowEvent* event) {
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::Shortcut) return QDialog::eventFilter(watched, event);
+  const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+  auto* const button = shortcut.isAmbiguous() ? OnlyButtonOf(shortcut.key())
+                                              : qobject_cast<QAbstractButton*>(watched);
+  if (button == nullptr) return QDialog::eventFilter(watched, event);
   // A mnemonic would press the button for a moment and act after it; the key typed next would then
   // act before it.
-  auto* const button = qobject_cast<QAbstractButton*>(watched);
-  const bool mnemonic = button != nullptr && event->type() == QEvent::Shortcut &&
-                        !static_cast<QShortcutEvent*>(event)->isAmbiguous();
-  if (!mnemonic) return QDialog::eventFilter(watched, event);
   button->setFocus(Qt::ShortcutFocusReason);
   button->click();
   return true;
+}
+
+/// The button that a key is meant for where it shares the key with menus that cannot be opened now;
+/// the menu bar holds their keys all the same. Nothing when a menu can be opened, or when several
+/// buttons have the key: then each press comes to the next of them.
+QAbstractButton* Form::OnlyButtonOf(const QKeySequence& key) const {
+  for (const QMenuBar* const bar : findChildren<QMenuBar*>()) {
+    for (const QAction* const head : bar->actions()) {
+      const bool opens = head->isVisible() && head->isEnabled();
+      if (opens && QKeySequence::mnemonic(head->text()) == key) return nullptr;
+    }
+  }
+  QAbstractButton* only = nullptr;
+  for (QAbstractButton* const button : findChildren<QAbstractButton*>()) {
+    if (!button->isVisible() || !button->isEnabled() || button->shortcut() != key) continue;
+    if (only != nullptr) return nullptr;
+    only = button;
+  }
+  return only;
 }
 
 void Form::changeEvent(QEvent* event) {

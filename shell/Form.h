@@ -8,6 +8,7 @@
 #include <initializer_list>
 #include <utility>
 
+class QAbstractButton;
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -72,6 +73,7 @@ class Form : public QDialog {
 
  private:
   void TameControl(QWidget* control);
+  QAbstractButton* OnlyButtonOf(const QKeySequence& key) const;
 
   QPushButton* m_okButton = nullptr;
   QPushButton* m_cancelButton = nullptr;
