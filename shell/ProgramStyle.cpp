@@ -67,3 +67,26 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   }
   painter->restore();
 }
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option,
+                               QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawControl(element, option, painter, widget);
+  constexpr int InsideButton = 3;
+  if (element == CE_PushButton) DrawFocus(*option, InsideButton, painter, widget);
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  if (control == CC_ScrollBar) DrawFocus(*option, 1, painter, widget);
+}
+
+void ProgramStyle::DrawFocus(const QStyleOption& option, int inside, QPainter* painter,
+                             const QWidget* widget) const {
+  constexpr auto ByKey = State_HasFocus | State_KeyboardFocusChange;
+  if ((option.state & ByKey) != ByKey) return;
+  QStyleOptionFocusRect focus;
+  focus.QStyleOption::operator=(option);
+  focus.rect = option.rect.adjusted(inside, inside, -inside, -inside);
+  drawPrimitive(PE_FrameFocusRect, &focus, painter, widget);
+}
