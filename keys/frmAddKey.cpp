@@ -224,6 +224,8 @@ QWidget* frmAddKey::LayOutKeystroke() {
   // Keys come to the box itself, mouse clicks to the field inside.
   cboControlKey->installEventFilter(this);
   cboControlKey->lineEdit()->installEventFilter(this);
+  // It stands elsewhere in the order of Tab than its box; Shift+Tab would come to it there.
+  cboControlKey->lineEdit()->setFocusPolicy(Qt::ClickFocus);
   UseWindowColours(sspControlOutline);
   auto* const outline = new QVBoxLayout(sspControlOutline);
   outline->setContentsMargins(0, 0, 0, 0);
