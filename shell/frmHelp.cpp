@@ -18,6 +18,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTextBrowser>
 #include <QToolBar>
@@ -119,6 +120,13 @@ void frmHelp::LayOut() {
   parts->addWidget(txtPage);
   parts->setStretchFactor(1, 1);
   parts->setChildrenCollapsible(false);
+  // The contents and the index were made before all else.
+  QWidget* before = sspSides->tabBar();
+  for (QWidget* const next : std::initializer_list<QWidget*>{lstContents, txtIndex, lstIndex,
+                                                             txtSearch, lstFound, txtPage}) {
+    setTabOrder(before, next);
+    before = next;
+  }
   const int unit = fontMetrics().averageCharWidth();
   parts->setSizes({unit * 46, unit * 92});
   auto* const column = new QVBoxLayout(this);
