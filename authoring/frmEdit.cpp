@@ -7,6 +7,7 @@
 #include "authoring/frmCreate.h"
 #include "authoring/frmDesc.h"
 #include "authoring/frmFind.h"
+#include "base/AccessibleRole.h"
 #include "base/QtText.h"
 #include "cards/StackFileOperations.h"
 #include "cards/frmLoad.h"
@@ -62,6 +63,7 @@ void frmEdit::MakeRows() {
   ShowListFocus(false);
   sspListBox->setFocusPolicy(Qt::StrongFocus);
   sspListBox->setAccessibleName(QStringLiteral("Cards"));
+  SetAccessibleRole(sspListBox, QAccessible::List);
   sspListBox->installEventFilter(this);
   auto* const sspCol1 = new QFrame(sspListBox);
   auto* const sspCol2 = new QFrame(sspListBox);

@@ -77,6 +77,7 @@ void frmLoad::LayOut() {
   lblFolders->setBuddy(dirDirectory);
   lblDrives->setBuddy(drvDrives);
   filStack->setAccessibleName(QStringLiteral("Stack files"));
+  dirDirectory->setAccessibleName(QStringLiteral("Folders"));
   lblFolder->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   lblDesc->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   lblDesc->setMargin(4);

@@ -1,5 +1,6 @@
 #include "keys/frmAddKey.h"
 
+#include "base/AccessibleRole.h"
 #include "base/QtText.h"
 #include "keys/CharacterList.h"
 #include "keys/KeyNames.h"
@@ -121,6 +122,8 @@ void frmAddKey::MakeRows() {
     lblCol2[at] = Add<RowLabel>(QStringLiteral("lblCol2(%1)").arg(row));
     lblCol1[at]->setAlignment(Qt::AlignCenter);
     lblCol2[at]->setIndent(6);
+    lblCol1[at]->setFocusProxy(lblCol2[at]);
+    SetAccessibleRole(lblCol2[at], QAccessible::ListItem);
     for (QLabel* const label : {lblCol1[at], lblCol2[at]}) {
       UseWindowColours(label);
       label->installEventFilter(this);
@@ -240,7 +243,10 @@ void frmAddKey::SetNames() {
   lstAddKey->setAccessibleName(QStringLiteral("Character"));
   sspAscCode->setAccessibleDescription(QStringLiteral("Code of the character"));
   sspAscCode->setToolTip(QStringLiteral("The character's code"));
-  cboControlKey->setAccessibleName(QStringLiteral("Keystroke"));
+  for (QWidget* const box :
+       std::initializer_list<QWidget*>{cboControlKey, cboControlKey->lineEdit()}) {
+    box->setAccessibleName(QStringLiteral("Keystroke"));
+  }
   cboControlKey->setToolTip(QStringLiteral("Choose a keystroke, or press it here"));
   sscFront->setToolTip(QStringLiteral("The new key is for the fronts of cards"));
   sscBack->setToolTip(QStringLiteral("The new key is for the backs of cards"));
@@ -555,7 +561,7 @@ void frmAddKey::ShowKeyRow(int row, const std::optional<KeyAssignment>& assignme
   if (!assignment) {
     character->clear();
     keystroke->clear();
-    keystroke->setAccessibleName({});
+    keystroke->setAccessibleName(QStringLiteral("Empty row"));
     if (keystroke->hasFocus()) lblCol2[0]->setFocus();
     keystroke->setFocusPolicy(Qt::NoFocus);
     return;

@@ -1,5 +1,6 @@
 #include "keys/frmKeys.h"
 
+#include "base/AccessibleRole.h"
 #include "base/QtText.h"
 #include "keys/KeyNames.h"
 #include "keys/frmMoreKeys.h"
@@ -90,6 +91,7 @@ void frmKeys::LayOut() {
   sspRows->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   sspRows->setFocusPolicy(Qt::StrongFocus);
   sspRows->setAccessibleName(QStringLiteral("Key assignments"));
+  SetAccessibleRole(sspRows, QAccessible::List);
   vsbBar->setAccessibleName(QStringLiteral("Scroll through the key assignments"));
   auto* const columns = new QHBoxLayout(sspRows);
   columns->setContentsMargins(3, 3, 3, 3);

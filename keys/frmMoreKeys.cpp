@@ -1,5 +1,6 @@
 #include "keys/frmMoreKeys.h"
 
+#include "base/AccessibleRole.h"
 #include "base/QtText.h"
 #include "keys/KeyPickers.h"
 #include "settings/DisplayFont.h"
@@ -89,6 +90,7 @@ frmMoreKeys::frmMoreKeys(SharedState& shared, Platform& platform, QWidget* owner
     Panel(i) = Add<ChartKey>(QStringLiteral("sspKey(%1)").arg(i));
     Label(i) = Add<QLabel>(QStringLiteral("lblKey(%1)").arg(i));
     Panel(i)->installEventFilter(this);
+    SetAccessibleRole(Panel(i), QAccessible::Button);
   }
   LayOut();
   AddHelp(AddMenuBar(), HelpContext::MoreKeys);

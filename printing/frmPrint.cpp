@@ -137,6 +137,8 @@ void frmPrint::LayOutSide(const SideControls& side, QGroupBox* box) {
 void frmPrint::LayOut() {
   imgPrint->setPixmap(TintedIcon("print").pixmap(QSize(32, 32), devicePixelRatioF()));
   imgFont->setPixmap(TintedIcon("font").pixmap(QSize(32, 32), devicePixelRatioF()));
+  imgPrint->setAccessibleName(QStringLiteral("Print"));
+  imgFont->setAccessibleName(QStringLiteral("Font"));
   imgPrint->setVisible(m_printing);
   imgFont->setVisible(!m_printing);
   QFont heading = sspAction->font();

@@ -4,6 +4,7 @@
 #include "shell/Pointer.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 
 namespace {
@@ -20,6 +21,20 @@ QMessageBox::Icon IconOf(PromptIcon icon) {
       return QMessageBox::Information;
   }
   return QMessageBox::NoIcon;
+}
+
+QString NameOf(PromptIcon icon) {
+  switch (icon) {
+    case PromptIcon::None:
+      break;
+    case PromptIcon::Question:
+      return QStringLiteral("Question");
+    case PromptIcon::Exclamation:
+      return QStringLiteral("Warning");
+    case PromptIcon::Information:
+      return QStringLiteral("Information");
+  }
+  return {};
 }
 
 QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
@@ -44,6 +59,9 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
                   ButtonsOf(prompt.buttons), owner);
   box.setObjectName("messageBox");
   box.setTextFormat(Qt::PlainText);
+  if (auto* const picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
+    picture->setAccessibleName(NameOf(prompt.icon));
+  }
   box.setWindowModality(Qt::ApplicationModal);
   if (prompt.buttons == PromptButtons::YesNo) box.setEscapeButton(QMessageBox::No);
   if (prompt.proposesRefusal) {

@@ -18,6 +18,7 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
       cmdOK(Add<QPushButton>(QStringLiteral("cmdOK"))) {
   setWindowTitle(QStringLiteral("About ") + ToQString(ProgramName));
   auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
+  imgIcon->setAccessibleName(ToQString(ProgramName));
   imgIcon->setPixmap(ProgramIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
   QFont large = lblTitle->font();
   large.setPointSizeF(large.pointSizeF() * 1.6);

@@ -22,6 +22,7 @@ frmStartup::frmStartup(SharedState& shared, Platform& platform)
   setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
   setWindowTitle(ToQString(ProgramTitle));
   auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
+  imgIcon->setAccessibleName(ToQString(ProgramName));
   imgIcon->setPixmap(ProgramIcon().pixmap(QSize(128, 128), devicePixelRatioF()));
   imgIcon->setAlignment(Qt::AlignCenter);
   QFont large = lblTitle->font();

@@ -1,11 +1,15 @@
 #include "study/PictureBox.h"
 
+#include "base/AccessibleRole.h"
+
 #include <QImageReader>
 #include <QPainter>
 
 PictureBox::PictureBox(QWidget* owner) : QWidget(owner) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(80, 60);
+  SetAccessibleRole(this, QAccessible::Graphic);
+  Describe();
 }
 
 bool PictureBox::Show(const QString& path) {
@@ -13,9 +17,16 @@ bool PictureBox::Show(const QString& path) {
   m_path = path;
   m_picture = QImage();
   update();
-  if (path.isEmpty() || Decode()) return true;
-  m_path.clear();
-  return false;
+  const bool shown = path.isEmpty() || Decode();
+  if (!shown) m_path.clear();
+  Describe();
+  return shown;
+}
+
+/// In words that give nothing away: the name of the file may be the answer.
+void PictureBox::Describe() {
+  setAccessibleName(m_path.isEmpty() ? QStringLiteral("No picture")
+                                     : QStringLiteral("The card's picture"));
 }
 
 bool PictureBox::Decode() {

@@ -24,6 +24,7 @@ class PictureBox : public QWidget {
 
  private:
   bool Decode();
+  void Describe();
 
   QString m_path;
   QImage m_picture;  // at most as large as the box, in device pixels

@@ -1,5 +1,6 @@
 #include "study/frmStepper.h"
 
+#include "base/AccessibleRole.h"
 #include "base/QtText.h"
 #include "keys/CardField.h"
 #include "keys/KeyMenus.h"
@@ -170,6 +171,8 @@ void frmStepper::LayOutCard() {
   sspTop->setMinimumSize(SmallestCardWidth, SmallestCardHeight);
   sspTop->installEventFilter(this);
   sspTop->setFocusPolicy(Qt::ClickFocus);
+  sspTop->setAccessibleName(QStringLiteral("Card"));
+  SetAccessibleRole(sspTop, QAccessible::Grouping);
   for (QLabel* const line : {lblTop, lblBottom}) {
     line->setBackgroundRole(QPalette::Base);
     line->setForegroundRole(QPalette::Text);

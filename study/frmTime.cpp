@@ -52,6 +52,7 @@ void frmTime::LayOut() {
   heading.setBold(true);
   Label1->setFont(heading);
   Picture1->setPixmap(TintedIcon("quibber").pixmap(QSize(48, 48), devicePixelRatioF()));
+  Picture1->setAccessibleName(QStringLiteral("Quib timer"));
   txtOther->setAccessibleName(QStringLiteral("Other quib time in seconds"));
   txtOther->setMaximumWidth(100);
 
