@@ -11,6 +11,7 @@
 #include "study/MediaFiles.h"
 #include "study/PictureBox.h"
 #include "study/Speller.h"
+#include "study/SpokenText.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -326,6 +327,8 @@ void frmStepper::SetSideControls(bool enabled) {
   ssoBack->setEnabled(enabled);
 }
 
+void frmStepper::Say(TextView words) { m_announcer.Say(ToQString(words)); }
+
 bool frmStepper::PlayCardSound(const Text& name) {
   if (m_shared.Timer.NoSound || name.empty()) return true;
   const Text file = PictureLookup()(name);
@@ -365,6 +368,7 @@ void frmStepper::NewQuestion() {
   if (!Render() || !PlayCardSound(m_display.questionSound)) return;
   if (tmrTimer->interval() > 0) tmrTimer->start();
   if (IsSpeller()) txtSpell->setFocus();
+  Say(SpokenQuestion(m_display, m_session, Stack()));
 }
 
 void frmStepper::CheckSpelling() {
@@ -376,6 +380,7 @@ void frmStepper::CheckSpelling() {
   Render();
   cmdNext->setFocus();
   SetSideControls(true);
+  Say(SpokenVerdict(m_display, m_session));
 }
 
 void frmStepper::RevealAnswer() {
@@ -383,6 +388,7 @@ void frmStepper::RevealAnswer() {
   ShowAnswer(m_display, m_session, Stack());
   if (!Render() || !PlayCardSound(m_display.answerSound)) return;
   SetSideControls(true);
+  Say(SpokenAnswer(m_display));
 }
 
 void frmStepper::optChoice_Click(int index) {
@@ -401,6 +407,9 @@ void frmStepper::optChoice_Click(int index) {
     m_display.mark = mark;
   }
   Render();
+  Text words = SpokenVerdict(m_display, m_session);
+  if (blanked) words += u' ' + SpokenCard(m_display);
+  Say(words);
 }
 
 void frmStepper::AskForRestart() {
@@ -424,6 +433,7 @@ void frmStepper::RestartPass() {
   txtSpell->clear();
   m_chooser->ClearSelection();
   Render();
+  Say(SpokenCount(m_session, Stack()));
 }
 
 void frmStepper::cmdRedo_Click() {
@@ -432,7 +442,8 @@ void frmStepper::cmdRedo_Click() {
 }
 
 void frmStepper::SideOption_Click(int side) {
-  if (m_session.firstSide != side) {
+  const bool turned = m_session.firstSide != side;
+  if (turned) {
     SetFirstSide(m_session, side);
     TurnOver(m_display, m_shared.Timer, PictureLookup());
     ApplyFonts();
@@ -440,6 +451,7 @@ void frmStepper::SideOption_Click(int side) {
     Render();
   }
   cmdNext->setFocus();
+  if (turned) Say(SpokenCard(m_display));
 }
 
 void frmStepper::ssrSound_Click(int index) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Announcer.h"
 #include "shell/Form.h"
 #include "study/CardDisplay.h"
 #include "study/StudyWindows.h"
@@ -59,6 +60,8 @@ class frmStepper : public Form {
   void AskForRestart();
   void RestartPass();
   void SetSideControls(bool enabled);
+  /// Tells those who use a screen reader what has just changed.
+  void Say(TextView words);
   void ApplyFonts();
   /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
   /// Plays a card's sound unless sounds are off.
@@ -102,4 +105,5 @@ class frmStepper : public Form {
   QPushButton* cmdRedo = nullptr;
   QPushButton* cmdQuit = nullptr;
   QTimer* tmrTimer = nullptr;
+  Announcer m_announcer{this};
 };
