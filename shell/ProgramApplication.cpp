@@ -3,6 +3,7 @@
 #include "base/Fault.h"
 #include "base/QtText.h"
 #include "base/Version.h"
+#include "shell/AccessibleOptions.h"
 #include "shell/Pointer.h"
 #include "shell/ProgramStyle.h"
 
@@ -13,6 +14,7 @@ ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(ar
   setDesktopFileName(QStringLiteral("quibcards"));
   // A desktop with a style of its own keeps it.
   if (style()->name() == QLatin1String("fusion")) setStyle(new ProgramStyle);
+  InstallAccessibleOptions();
 }
 
 bool ProgramApplication::notify(QObject* receiver, QEvent* event) {

@@ -1,0 +1,5 @@
+#pragma once
+
+/// Lets check boxes and option buttons that a screen reader turns act as if they were clicked. Qt
+/// would only change the mark, and the program would not hear of it.
+void InstallAccessibleOptions();
