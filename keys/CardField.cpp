@@ -1,5 +1,6 @@
 #include "keys/CardField.h"
 
+#include "base/FocusMove.h"
 #include "base/QtText.h"
 #include "keys/KeyTranslation.h"
 #include "keys/VirtualKeys.h"
@@ -47,17 +48,6 @@ std::size_t NextCharacter(TextView text, std::size_t at) {
 }
 
 }  // namespace
-
-bool FocusOutCounts(const QFocusEvent& event) {
-  switch (event.reason()) {
-    case Qt::MenuBarFocusReason:
-    case Qt::PopupFocusReason:
-    case Qt::ActiveWindowFocusReason:
-      return false;
-    default:
-      return true;
-  }
-}
 
 CardField::CardField(QWidget* edit, const KeyTable& keys)
     : QObject(edit),
@@ -231,7 +221,7 @@ void CardField::FocusIn() {
 }
 
 void CardField::FocusOut(const QFocusEvent& event) {
-  if (!FocusOutCounts(event)) {
+  if (!IsFocusMove(event)) {
     RememberSelection();
   } else if (m_focused) {
     LoseFocus();

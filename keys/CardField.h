@@ -14,10 +14,6 @@ class QLineEdit;
 class QPlainTextEdit;
 class QWidget;
 
-/// Whether a control that gets this event has really lost the focus. Menus, popups and other
-/// windows only borrow it and give it back.
-bool FocusOutCounts(const QFocusEvent& event);
-
 /// Makes a text box a card text field: the topic's key assignments type their characters, Enter
 /// types nothing, and typing ends at a limit. Pasted text is not limited, and undo works as ever.
 ///

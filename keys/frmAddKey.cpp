@@ -1,6 +1,7 @@
 #include "keys/frmAddKey.h"
 
 #include "base/AccessibleRole.h"
+#include "base/FocusMove.h"
 #include "base/QtText.h"
 #include "keys/CharacterList.h"
 #include "keys/KeyNames.h"
@@ -53,15 +54,6 @@ void UseWindowColours(QWidget* widget) {
   widget->setAutoFillBackground(true);
   widget->setBackgroundRole(QPalette::Base);
   widget->setForegroundRole(QPalette::Text);
-}
-
-/// Whether the focus came from another control of the window, not back from another window, a menu
-/// or a popup.
-bool FocusInCounts(const QEvent* event) {
-  if (event->type() != QEvent::FocusIn) return false;
-  const Qt::FocusReason reason = static_cast<const QFocusEvent*>(event)->reason();
-  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
-         reason != Qt::MenuBarFocusReason;
 }
 
 bool IsEnter(const QEvent* event) {
@@ -275,7 +267,10 @@ void frmAddKey::Form_Load() {
 }
 
 bool frmAddKey::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == lstAddKey && FocusInCounts(event)) lstAddKey_GotFocus();
+  if (watched == lstAddKey && event->type() == QEvent::FocusIn &&
+      IsFocusMove(*static_cast<QFocusEvent*>(event))) {
+    lstAddKey_GotFocus();
+  }
   if (watched == vsbBar && IsEnter(event)) {
     vsbBar_Enter();
     return true;

@@ -564,16 +564,4 @@ TEST_F(CardFieldInWindowTest, ForgetsTheSelectionOfATextThatHasChanged) {
   EXPECT_FALSE(line->hasSelectedText());
 }
 
-TEST(FocusOutCounts, NotForMenusPopupsAndOtherWindows) {
-  for (const Qt::FocusReason reason :
-       {Qt::MenuBarFocusReason, Qt::PopupFocusReason, Qt::ActiveWindowFocusReason}) {
-    EXPECT_FALSE(FocusOutCounts(QFocusEvent(QEvent::FocusOut, reason)));
-  }
-  for (const Qt::FocusReason reason :
-       {Qt::MouseFocusReason, Qt::TabFocusReason, Qt::BacktabFocusReason, Qt::ShortcutFocusReason,
-        Qt::OtherFocusReason}) {
-    EXPECT_TRUE(FocusOutCounts(QFocusEvent(QEvent::FocusOut, reason)));
-  }
-}
-
 }  // namespace
