@@ -226,9 +226,10 @@ class Thing:
     def everything(self):
         """This and all inside it, but for the entries of lists."""
         yield self
-        if self.role == "list":
-            return
+        entries = self.role == "list"
         for child in self.children():
+            if entries and child.role == "list item":
+                return
             yield from child.everything()
 
     def all(self, role, name=None):

@@ -13,7 +13,8 @@ class ScoreBoard:
         return [int(counter.name) for counter in self.counters]
 
     def marks(self):
-        return [thing.name for thing in self.window.all("graphic") if thing.name]
+        names = [thing.name for thing in self.window.all("graphic")]
+        return [name for name in names if name in ("Right", "Wrong")]
 
     def wait_for_counts(self, right, wrong):
         self.desktop.wait_until(lambda: self.counts() == [right, wrong],
