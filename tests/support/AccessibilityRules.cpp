@@ -430,6 +430,9 @@ QStringList MouseOnlyControls(QWidget& window) {
       if (scrolls && area->focusPolicy() == Qt::NoFocus) {
         broken << QStringLiteral("no key scrolls %1").arg(NameOf(widget));
       }
+    } else if (IsControlOfQt(widget) && widget->focusPolicy() != Qt::NoFocus &&
+               widget->focusProxy() == nullptr && !IsStation(widget)) {
+      broken << QStringLiteral("no key comes to %1").arg(NameOf(widget));
     } else if (!IsInsideFocusable(widget) && !IsControlOfQt(widget) && TakesMousePress(*widget)) {
       broken << QStringLiteral("only the mouse comes to %1").arg(NameOf(widget));
     }

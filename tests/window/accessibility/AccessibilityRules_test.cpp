@@ -183,14 +183,15 @@ TEST_F(AccessibilityRulesTest, FindsAWayBackThatIsAnother) {
 
 TEST_F(AccessibilityRulesTest, FindsWhatOnlyTheMouseReaches) {
   Add<QPushButton>("cmdMouse", QStringLiteral("Mouse")).setFocusPolicy(Qt::NoFocus);
+  Add<QLineEdit>("txtMouse").setFocusPolicy(Qt::ClickFocus);
   Add<ClickableLabel>("lblClick", QStringLiteral("Click"));
   auto& area = Add<QScrollArea>("areaText");
   area.setFocusPolicy(Qt::NoFocus);
   area.setFixedSize(60, 60);
   area.setWidget(new QLabel(QString(40, u'\n')));
   EXPECT_EQ(MouseOnlyControls(Shown()),
-            QStringList({"no key comes to cmdMouse", "only the mouse comes to lblClick",
-                         "no key scrolls areaText"}));
+            QStringList({"no key comes to cmdMouse", "no key comes to txtMouse",
+                         "only the mouse comes to lblClick", "no key scrolls areaText"}));
 }
 
 TEST_F(AccessibilityRulesTest, FindsAControlThatHidesItsFocus) {
