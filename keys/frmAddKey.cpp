@@ -1,21 +1,18 @@
 #include "keys/frmAddKey.h"
 
-#include "base/AccessibleRole.h"
 #include "base/FocusMove.h"
 #include "base/QtText.h"
 #include "keys/CharacterList.h"
-#include "keys/KeyNames.h"
 #include "keys/KeyPickers.h"
+#include "keys/KeyRows.h"
 #include "keys/VirtualKeys.h"
 #include "keys/frmMoreKeys.h"
 #include "settings/DisplayFont.h"
 #include "shell/Pointer.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontInfo>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,46 +20,9 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QStyleOptionFocusRect>
-#include <QStylePainter>
 #include <QVBoxLayout>
 
 #include <algorithm>
-
-namespace {
-
-/// A row's label, which shows when it has the focus.
-class RowLabel : public QLabel {
- public:
-  using QLabel::QLabel;
-
- protected:
-  void paintEvent(QPaintEvent* event) override {
-    QLabel::paintEvent(event);
-    if (!hasFocus()) return;
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.state |= QStyle::State_KeyboardFocusChange;  // also when a click brought the focus
-    option.backgroundColor = palette().color(backgroundRole());
-    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, option);
-  }
-};
-
-/// Like the inside of a list.
-void UseWindowColours(QWidget* widget) {
-  widget->setAutoFillBackground(true);
-  widget->setBackgroundRole(QPalette::Base);
-  widget->setForegroundRole(QPalette::Text);
-}
-
-bool IsEnter(const QEvent* event) {
-  if (event->type() != QEvent::KeyPress) return false;
-  const int key = static_cast<const QKeyEvent*>(event)->key();
-  return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-}  // namespace
 
 frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
     : Form("frmAddKey", shared, platform, owner),
@@ -70,12 +30,11 @@ frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
       m_topicName(m_newTopic ? shared.Switches.NewTopicName
                              : shared.Topics.Name(shared.Topics.CurrentTopic)),
       m_editing(m_newTopic ? KeyTable() : shared.Topic.Keys),
-      sspKeyAss(Add<QGroupBox>(QStringLiteral("sspKeyAss"), QStringLiteral("Key Assignments:"))),
-      sspCol1(Add<QFrame>(QStringLiteral("sspCol1"))),
-      sspCol2(Add<QFrame>(QStringLiteral("sspCol2"))),
-      lblCol1(),
-      lblCol2(),
-      vsbBar(Add<QScrollBar>(QStringLiteral("vsbBar"), Qt::Vertical)),
+      sspKeyAss(Add<KeyRows>(
+          QStringLiteral("sspKeyAss"), [this](int place) { return m_editing.Assignment(place); },
+          [this](const KeyAssignment& assignment) {
+            return FontFor(FontOfAssignment(assignment, Sides()));
+          })),
       sspSides(Add<QFrame>(QStringLiteral("sspSides"))),
       sscFront(Add<QCheckBox>(QStringLiteral("sscFront"), QStringLiteral("Front"))),
       sscBack(Add<QCheckBox>(QStringLiteral("sscBack"), QStringLiteral("Back"))),
@@ -90,7 +49,6 @@ frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
       cmdMore(Add<QPushButton>(QStringLiteral("cmdMore"), QStringLiteral("More"))),
       cmdCancel(Add<QPushButton>(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"))),
       cmdDone(Add<QPushButton>(QStringLiteral("cmdDone"), QStringLiteral("Done"))) {
-  MakeRows();
   LayOut();
   AddHelp(AddMenuBar(), HelpContext::AddKey);
   connect(sscFront, &QCheckBox::clicked, this, [this] { sscSide_Click(sscFront, sscBack); });
@@ -99,7 +57,8 @@ frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
   connect(lstAddKey, &QListWidget::itemClicked, this, &frmAddKey::lstAddKey_Click);
   connect(lstAddKey, &QListWidget::itemDoubleClicked, this, [this] { cboControlKey->setFocus(); });
   connect(cboControlKey, &QComboBox::activated, this, &frmAddKey::cboControlKey_Click);
-  connect(vsbBar, &QScrollBar::valueChanged, this, &frmAddKey::vsbBar_Change);
+  connect(sspKeyAss, &KeyRows::RowChosen, this, &frmAddKey::lblCol2_Click);
+  connect(sspKeyAss, &KeyRows::Scrolled, this, &frmAddKey::vsbBar_Change);
   connect(cmdAction, &QPushButton::clicked, this, &frmAddKey::cmdAction_Click);
   connect(cmdMore, &QPushButton::clicked, this, &frmAddKey::cmdMore_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmAddKey::cmdCancel_Click);
@@ -107,48 +66,11 @@ frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
   Form_Load();
 }
 
-void frmAddKey::MakeRows() {
-  for (int row = 0; row < ShownKeyRows; ++row) {
-    const auto at = static_cast<std::size_t>(row);
-    lblCol1[at] = Add<QLabel>(QStringLiteral("lblCol1(%1)").arg(row));
-    lblCol2[at] = Add<RowLabel>(QStringLiteral("lblCol2(%1)").arg(row));
-    lblCol1[at]->setAlignment(Qt::AlignCenter);
-    lblCol2[at]->setIndent(6);
-    lblCol1[at]->setFocusProxy(lblCol2[at]);
-    SetAccessibleRole(lblCol2[at], QAccessible::ListItem);
-    for (QLabel* const label : {lblCol1[at], lblCol2[at]}) {
-      UseWindowColours(label);
-      label->installEventFilter(this);
-    }
-  }
-  SetRowSizes();
-}
-
-void frmAddKey::SetRowSizes() {
-  // All rows are equally high, whatever their characters: the two columns stand side by side.
-  int height = QFontMetrics(font()).height();
-  int width = QFontMetrics(font()).horizontalAdvance(QStringLiteral("MMM"));
-  const int highest = 4 * height;
-  for (const KeyFont keyFont : {KeyFont::Front, KeyFont::Back, KeyFont::Default}) {
-    const QFontMetrics metrics(FontFor(keyFont));
-    height = std::max(height, metrics.height());
-    width = std::max(width, metrics.horizontalAdvance(QStringLiteral("MM")));
-  }
-  height = std::min(height, highest) + 6;
-  for (std::size_t at = 0; at < lblCol1.size(); ++at) {
-    lblCol1[at]->setMinimumSize(std::min(width, 3 * highest), height);
-    lblCol2[at]->setMinimumHeight(height);
-    for (QLabel* const label : {lblCol1[at], lblCol2[at]}) {
-      label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Ignored);
-    }
-  }
-  const QFontMetrics metrics(font());
-  sspCol2->setMinimumWidth(metrics.horizontalAdvance(QStringLiteral("[F] Shift+Ctrl+Alt+WW")) + 12);
-  cmdAction->setMinimumWidth(
-      metrics.horizontalAdvance(QStringLiteral("DELETE - 0000 = [F] Shift+Ctrl+Alt+W")) + 32);
-}
-
 void frmAddKey::LayOut() {
+  sspKeyAss->SetRowSizes(
+      {FontFor(KeyFont::Front), FontFor(KeyFont::Back), FontFor(KeyFont::Default)});
+  cmdAction->setMinimumWidth(
+      fontMetrics().horizontalAdvance(QStringLiteral("DELETE - 0000 = [F] Shift+Ctrl+Alt+W")) + 32);
   auto* const sides = new QHBoxLayout(sspSides);
   sides->setContentsMargins(0, 0, 0, 0);
   sides->addWidget(sscFront);
@@ -160,7 +82,7 @@ void frmAddKey::LayOut() {
   newKey->addWidget(LayOutKeystroke());
   auto* const top = new QHBoxLayout;
   top->setSpacing(12);
-  top->addWidget(LayOutAssignments(), 1);
+  top->addWidget(sspKeyAss, 1);
   top->addLayout(newKey, 1);
   auto* const buttons = new QHBoxLayout;
   buttons->addWidget(cmdAction, 1);
@@ -174,27 +96,13 @@ void frmAddKey::LayOut() {
   SetNames();
   // The display stands last: what follows the action button gets the focus when that is disabled.
   SetTabOrder({sscFront, sscBack, lstAddKey, cboControlKey, cmdAction, cmdMore, cmdCancel, cmdDone,
-               lblCol2[0], vsbBar});
-}
-
-QWidget* frmAddKey::LayOutAssignments() {
-  for (QFrame* const panel : {sspCol1, sspCol2}) {
-    UseWindowColours(panel);
-    panel->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
-    const auto& labels = panel == sspCol1 ? lblCol1 : lblCol2;
-    auto* const rows = new QVBoxLayout(panel);
-    rows->setContentsMargins(1, 1, 1, 1);
-    rows->setSpacing(0);
-    for (QLabel* const label : labels) rows->addWidget(label, 1);
-  }
-  vsbBar->setFocusPolicy(Qt::TabFocus);
-  vsbBar->installEventFilter(this);
-  auto* const display = new QHBoxLayout(sspKeyAss);
-  display->setSpacing(2);
-  display->addWidget(sspCol1);
-  display->addWidget(sspCol2, 1);
-  display->addWidget(vsbBar);
-  return sspKeyAss;
+               sspKeyAss->FirstRow(), sspKeyAss->Bar()});
+  // Shift+Tab comes to the keystroke box where the field inside it stands, which hands the focus
+  // on: it has to stand right behind its box.
+  QLineEdit* const field = cboControlKey->lineEdit();
+  field->setFocusProxy(nullptr);
+  SetTabOrder({cboControlKey, field, cmdAction});
+  field->setFocusProxy(cboControlKey);
 }
 
 QWidget* frmAddKey::LayOutCharacters() {
@@ -219,8 +127,6 @@ QWidget* frmAddKey::LayOutKeystroke() {
   // Keys come to the box itself, mouse clicks to the field inside.
   cboControlKey->installEventFilter(this);
   cboControlKey->lineEdit()->installEventFilter(this);
-  // It stands elsewhere in the order of Tab than its box; Shift+Tab would come to it there.
-  cboControlKey->lineEdit()->setFocusPolicy(Qt::ClickFocus);
   UseWindowColours(sspControlOutline);
   auto* const outline = new QVBoxLayout(sspControlOutline);
   outline->setContentsMargins(0, 0, 0, 0);
@@ -231,7 +137,6 @@ QWidget* frmAddKey::LayOutKeystroke() {
 }
 
 void frmAddKey::SetNames() {
-  vsbBar->setAccessibleName(QStringLiteral("Scroll the key assignments"));
   lstAddKey->setAccessibleName(QStringLiteral("Character"));
   sspAscCode->setAccessibleDescription(QStringLiteral("Code of the character"));
   sspAscCode->setToolTip(QStringLiteral("The character's code"));
@@ -261,7 +166,7 @@ void frmAddKey::Form_Load() {
   sspAscCode->setText(ToQString(m_ascCode));
   SetListFont();
   FillLists();
-  ShowScroll(ScrollAtStart(m_editing.WorkCount()));
+  sspKeyAss->ShowScroll(ScrollAtStart(m_editing.WorkCount()));
   cmdCancel_Click();
   sscFront->setFocus();
 }
@@ -271,14 +176,8 @@ bool frmAddKey::eventFilter(QObject* watched, QEvent* event) {
       IsFocusMove(*static_cast<QFocusEvent*>(event))) {
     lstAddKey_GotFocus();
   }
-  if (watched == vsbBar && IsEnter(event)) {
-    vsbBar_Enter();
-    return true;
-  }
   const bool keystrokeBox = watched == cboControlKey || watched == cboControlKey->lineEdit();
   if (keystrokeBox && FilterKeystrokeBox(event)) return true;
-  const int row = RowOf(watched);
-  if (row >= 0 && FilterRow(row, event)) return true;
   return Form::eventFilter(watched, event);
 }
 
@@ -337,38 +236,11 @@ void frmAddKey::OfferKeystroke() {
   ShowAction(AddCaption(m_ascCode, ToText(cboControlKey->currentText())));
 }
 
-bool frmAddKey::FilterRow(int row, QEvent* event) {
-  switch (event->type()) {
-    case QEvent::MouseButtonPress:
-      return true;  // so that the release comes here as well
-    case QEvent::MouseButtonRelease: {
-      const auto& mouse = *static_cast<QMouseEvent*>(event);
-      const QRect label(QPoint(), lblCol2[static_cast<std::size_t>(row)]->size());
-      if (mouse.button() == Qt::LeftButton && label.contains(mouse.position().toPoint())) {
-        lblCol2_Click(row);
-      }
-      return true;
-    }
-    case QEvent::Wheel:
-      return QApplication::sendEvent(vsbBar, event);
-    case QEvent::KeyPress:
-      return lblCol2_KeyDown(row, *static_cast<QKeyEvent*>(event));
-    default:
-      return false;
-  }
-}
-
-int frmAddKey::RowOf(const QObject* label) const {
-  for (std::size_t at = 0; at < lblCol1.size(); ++at) {
-    if (label == lblCol1[at] || label == lblCol2[at]) return static_cast<int>(at);
-  }
-  return -1;
-}
-
 void frmAddKey::lblCol2_Click(int row) {
-  const std::optional<KeyAssignment> assignment = m_editing.Assignment(m_scroll.value + row);
+  const std::optional<KeyAssignment> assignment =
+      m_editing.Assignment(sspKeyAss->Scroll().value + row);
   if (!assignment) return;
-  HighlightRow(row);
+  sspKeyAss->HighlightRow(row);
   ClearCharacter();
   ClearKeystroke();
   ShowAction(DeleteCaption(*assignment));
@@ -377,41 +249,16 @@ void frmAddKey::lblCol2_Click(int row) {
   cmdAction->setFocus();
 }
 
-bool frmAddKey::lblCol2_KeyDown(int row, const QKeyEvent& event) {
-  switch (event.key()) {
-    case Qt::Key_Up:
-      MoveToRow(row - 1);
-      return true;
-    case Qt::Key_Down:
-      MoveToRow(row + 1);
-      return true;
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      lblCol2_Click(row);
-      return true;
-    default:
-      return false;
-  }
-}
-
-void frmAddKey::MoveToRow(int row) {
-  if (!m_editing.Assignment(m_scroll.value + row)) return;
-  const int shown = std::clamp(row, 0, ShownKeyRows - 1);
-  vsbBar->setValue(m_scroll.value + row - shown);
-  lblCol2[static_cast<std::size_t>(shown)]->setFocus();
-}
-
 void frmAddKey::sscSide_Click(QCheckBox* box, QCheckBox* other) {
   if (!other->isChecked()) box->setChecked(true);
   SetListFont();
-  ShowKeyRows(m_scroll.value);
+  sspKeyAss->Refresh();
 }
 
 void frmAddKey::lstAddKey_GotFocus() {
   ClearKeystroke();
   cmdAction->setEnabled(false);
-  HighlightRow(-1);
+  sspKeyAss->HighlightRow(-1);
   sspControlKey->setEnabled(true);
   cboControlKey->setEnabled(true);
 }
@@ -424,15 +271,8 @@ void frmAddKey::lstAddKey_Click() {
   ShowAction(AddCaption(m_ascCode, u""));
 }
 
-void frmAddKey::vsbBar_Change(int value) {
-  m_scroll.value = value;
-  if (m_selectedRow >= 0) cmdAction->setEnabled(false);  // its row is no longer highlighted
-  HighlightRow(-1);
-  ShowKeyRows(value);
-}
-
-void frmAddKey::vsbBar_Enter() {
-  if (m_selectedRow < 0) lblCol2_Click(0);
+void frmAddKey::vsbBar_Change() {
+  if (sspKeyAss->HighlightedRow() >= 0) cmdAction->setEnabled(false);  // it loses its highlight
 }
 
 void frmAddKey::cmdAction_Click() {
@@ -451,7 +291,7 @@ void frmAddKey::cmdAction_Click() {
 void frmAddKey::AddKeyAssignment() {
   switch (m_editing.Add(ToText(cboControlKey->currentText()), Sides(), ChosenCharacter())) {
     case AddKeyResult::Added:
-      ShowScroll(ScrollAfterAdd(m_scroll, m_editing.WorkCount()));
+      sspKeyAss->ShowScroll(ScrollAfterAdd(sspKeyAss->Scroll(), m_editing.WorkCount()));
       break;
     case AddKeyResult::TooMany:
       m_platform.prompts.Show(TooManyKeysPrompt());
@@ -466,8 +306,9 @@ void frmAddKey::AddKeyAssignment() {
 }
 
 void frmAddKey::DeleteKeyAssignment() {
-  const bool deleted = m_selectedRow >= 0 && m_editing.Delete(m_scroll.value + m_selectedRow);
-  if (deleted) ShowScroll(ScrollAfterDelete(m_scroll, m_editing.WorkCount()));
+  const int row = sspKeyAss->HighlightedRow();
+  const bool deleted = row >= 0 && m_editing.Delete(sspKeyAss->Scroll().value + row);
+  if (deleted) sspKeyAss->ShowScroll(ScrollAfterDelete(sspKeyAss->Scroll(), m_editing.WorkCount()));
   cmdCancel_Click();
 }
 
@@ -499,7 +340,7 @@ void frmAddKey::cmdCancel_Click() {
   ClearKeystroke();
   sspControlKey->setEnabled(false);
   cboControlKey->setEnabled(false);
-  HighlightRow(-1);
+  sspKeyAss->HighlightRow(-1);
 }
 
 void frmAddKey::Form_Unload() {
@@ -533,56 +374,6 @@ void frmAddKey::AskAndAddTopic() {
     LoadTopicList(m_shared.Topics, m_platform.profile);
   }
   m_shared.Switches.NewTopicName.clear();
-}
-
-void frmAddKey::ShowScroll(KeyScroll scroll) {
-  m_scroll = scroll;
-  const QSignalBlocker blocker(vsbBar);
-  vsbBar->setRange(1, scroll.maximum);
-  vsbBar->setPageStep(ShownKeyRows);
-  vsbBar->setValue(scroll.value);
-  vsbBar->setEnabled(scroll.enabled);
-  HighlightRow(-1);
-  ShowKeyRows(scroll.value);
-}
-
-void frmAddKey::ShowKeyRows(int top) {
-  for (int row = 0; row < ShownKeyRows; ++row) ShowKeyRow(row, m_editing.Assignment(top + row));
-}
-
-void frmAddKey::ShowKeyRow(int row, const std::optional<KeyAssignment>& assignment) {
-  QLabel* const character = lblCol1[static_cast<std::size_t>(row)];
-  QLabel* const keystroke = lblCol2[static_cast<std::size_t>(row)];
-  if (!assignment) {
-    character->clear();
-    keystroke->clear();
-    keystroke->setAccessibleName(QStringLiteral("Empty row"));
-    if (keystroke->hasFocus()) lblCol2[0]->setFocus();
-    keystroke->setFocusPolicy(Qt::NoFocus);
-    return;
-  }
-  const bool control = IsControlCode(assignment->character);
-  character->setFont(control ? font() : FontFor(FontOfAssignment(*assignment, Sides())));
-  character->setText(control ? ToQString(InvisibleName(assignment->character))
-                             : QString(QChar(CharOfCode(assignment->character))));
-  keystroke->setText(ToQString(KeyRowText(*assignment)));
-  keystroke->setAccessibleName(ToQString(KeyAssignmentListText(*assignment)));
-  // Tab comes to the first row, the arrow keys to the others.
-  keystroke->setFocusPolicy(row == 0 ? Qt::StrongFocus : Qt::ClickFocus);
-}
-
-void frmAddKey::HighlightRow(int row) {
-  const auto colour = [this](int which, QPalette::ColorRole back, QPalette::ColorRole text) {
-    if (which < 0) return;
-    for (QLabel* const label :
-         {lblCol1[static_cast<std::size_t>(which)], lblCol2[static_cast<std::size_t>(which)]}) {
-      label->setBackgroundRole(back);
-      label->setForegroundRole(text);
-    }
-  };
-  colour(m_selectedRow, QPalette::Base, QPalette::Text);
-  m_selectedRow = row;
-  colour(m_selectedRow, QPalette::Highlight, QPalette::HighlightedText);
 }
 
 void frmAddKey::ShowAction(Text caption) {

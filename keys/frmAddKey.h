@@ -5,6 +5,7 @@
 
 #include <array>
 
+class KeyRows;
 class QCheckBox;
 class QComboBox;
 class QFrame;
@@ -12,7 +13,6 @@ class QGroupBox;
 class QLabel;
 class QListWidget;
 class QPushButton;
-class QScrollBar;
 
 /// The key assignment editor. It edits the selected topic's assignments, or, while a topic is being
 /// added, begins with none and adds the topic; either way nothing is stored before it closes, and
@@ -28,12 +28,9 @@ class frmAddKey : public Form {
   void Form_Unload() override;
 
  private:
-  void MakeRows();
   void LayOut();
-  QWidget* LayOutAssignments();
   QWidget* LayOutCharacters();
   QWidget* LayOutKeystroke();
-  void SetRowSizes();
   void SetNames();
   void FillLists();
 
@@ -45,9 +42,7 @@ class frmAddKey : public Form {
   bool cboControlKey_KeyDown(const QKeyEvent& event);
   bool cboControlKey_KeyPress(const QKeyEvent& event) const;
   void lblCol2_Click(int row);
-  bool lblCol2_KeyDown(int row, const QKeyEvent& event);
-  void vsbBar_Change(int value);
-  void vsbBar_Enter();
+  void vsbBar_Change();
   void cmdAction_Click();
   void cmdMore_Click();
   void cmdCancel_Click();
@@ -60,13 +55,6 @@ class frmAddKey : public Form {
   void AskAndAddTopic();
 
   bool FilterKeystrokeBox(QEvent* event);
-  bool FilterRow(int row, QEvent* event);
-  int RowOf(const QObject* label) const;
-  void ShowKeyRows(int top);
-  void ShowKeyRow(int row, const std::optional<KeyAssignment>& assignment);
-  void ShowScroll(KeyScroll scroll);
-  void MoveToRow(int row);
-  void HighlightRow(int row);
   void ShowAction(Text caption);
   void OfferKeystroke();
   void ClearCharacter();
@@ -84,15 +72,8 @@ class frmAddKey : public Form {
   const std::array<CharCode, 255> m_characters = AssignableCharacters();
   Text m_caption;  // of the action button
   Text m_ascCode;  // of the character chosen last
-  KeyScroll m_scroll;
-  int m_selectedRow = -1;  // 0..6, or -1 for none
 
-  QGroupBox* sspKeyAss;
-  QFrame* sspCol1;
-  QFrame* sspCol2;
-  std::array<QLabel*, ShownKeyRows> lblCol1;
-  std::array<QLabel*, ShownKeyRows> lblCol2;
-  QScrollBar* vsbBar;
+  KeyRows* sspKeyAss;
   QFrame* sspSides;
   QCheckBox* sscFront;
   QCheckBox* sscBack;
