@@ -12,6 +12,7 @@ FileLines::FileLines(std::string_view content) : m_rest(content), m_encoding(Enc
 FileStatus FileLines::Read(Text& line) {
   if (AtEnd()) return FileStatus::PastEnd;
   line.clear();
+  ++m_lineNumber;
   const std::size_t length = std::min(m_rest.find(m_lineEnd), m_rest.size());
   AppendDecoded(line, m_rest.substr(0, length), m_encoding);
   m_rest.remove_prefix(std::min(length + m_lineEnd.size(), m_rest.size()));

@@ -19,8 +19,12 @@ class FileLines {
   /// @return `PastEnd` when no byte is left; `line` is untouched then.
   FileStatus Read(Text& line);
 
+  /// Number of the line that was read last, from 1; 0 before the first.
+  int LineNumber() const { return m_lineNumber; }
+
  private:
   std::string_view m_rest;
+  int m_lineNumber = 0;
   FileEncoding m_encoding;
   std::string_view m_lineEnd;
 };

@@ -46,24 +46,41 @@ class NewStack {
 /// The text of a side after its media names were taken: decoded first, cut afterwards.
 TextView CutLoadedText(TextView text) { return CutText(text, MaxLoadedText); }
 
-FileStatus ReadNativeCards(CardStack& stack, FileLines& lines, TextView folder) {
+/// Where the sides that are read go.
+struct SideTarget {
+  CardStack& stack;
+  TextView folder;
+  const SideListener& listener;
+
+  void Take(int card, int side, const FileLines& lines, TextView line, const Text& sound,
+            const Text& picture, const Text& text) const {
+    stack.SetSideSound(card, side, sound);
+    stack.SetSidePicture(card, side, picture);
+    stack.SetSideText(card, side, CutLoadedText(text));
+    if (listener) listener({lines.LineNumber(), card, side, line, text, sound, picture});
+  }
+};
+
+FileStatus ReadNativeCards(const SideTarget& target, FileLines& lines) {
   Text line;
+  Text rest;
   int card = 1;
   do {
     for (const int side : {Front, Back}) {
       if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
-      stack.SetSideSound(card, side, TakeSoundName(line, folder, u' '));
-      stack.SetSidePicture(card, side, TakePictureName(line, folder, u' '));
-      stack.SetSideText(card, side, CutLoadedText(DecodeSideText(line)));
+      rest = line;
+      const Text sound = TakeSoundName(rest, target.folder, u' ');
+      const Text picture = TakePictureName(rest, target.folder, u' ');
+      target.Take(card, side, lines, line, sound, picture, DecodeSideText(rest));
     }
     ++card;
   } while (!lines.AtEnd() && card <= MaxCards);
-  stack.CardCount = card - 1;
+  target.stack.CardCount = card - 1;
   return FileStatus::Ok;
 }
 
 FileStatus ReadNativeStack(StackStore& stacks, std::string_view content, TextView folder,
-                           ReadMode mode, const TopicCheck& check) {
+                           ReadMode mode, const TopicCheck& check, const SideListener& listener) {
   FileLines lines(content);
   FileStatus status = lines.Read(stacks.FileTopicName);
   if (status != FileStatus::Ok) return status;
@@ -74,7 +91,7 @@ FileStatus ReadNativeStack(StackStore& stacks, std::string_view content, TextVie
   if (mode != ReadMode::Full) return FileStatus::Ok;
 
   NewStack stack(stacks, folder, content.size());
-  status = ReadNativeCards(*stack, lines, folder);
+  status = ReadNativeCards({*stack, folder, listener}, lines);
   if (status != FileStatus::Ok) return status;
   const Int16 topic = check(stacks.FileTopicName);
   stacks.Current().TopicIndex = topic;
@@ -88,31 +105,32 @@ struct ImportCounters {
   int answer = 1;
 };
 
-bool TakeImportLine(CardStack& stack, int side, char16_t mark, int& number, Text& line,
-                    TextView folder) {
+bool TakeImportLine(const SideTarget& target, int side, char16_t mark, int& number,
+                    const FileLines& lines, const Text& line) {
   if (!ContainsIgnoringCase(line, mark + NumberText(number) + u"=")) return false;
-  stack.SetSideSound(number, side, TakeSoundName(line, folder, u'>'));
-  stack.SetSideText(number, side, CutLoadedText(StripImportPrefix(line)));
+  Text rest = line;
+  const Text sound = TakeSoundName(rest, target.folder, u'>');
+  target.Take(number, side, lines, line, sound, {}, StripImportPrefix(rest));
   ++number;
   return true;
 }
 
-FileStatus ReadImportCards(CardStack& stack, FileLines& lines, TextView folder,
-                           ImportCounters& counters) {
+FileStatus ReadImportCards(const SideTarget& target, FileLines& lines, ImportCounters& counters) {
   Text line;
   do {
     if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
-    if (!TakeImportLine(stack, Front, u'Q', counters.question, line, folder)) {
-      TakeImportLine(stack, Back, u'A', counters.answer, line, folder);
+    if (!TakeImportLine(target, Front, u'Q', counters.question, lines, line)) {
+      TakeImportLine(target, Back, u'A', counters.answer, lines, line);
     }
     // The 300th pair is never complete: the loop ends as soon as one of its two lines is read.
   } while (!lines.AtEnd() && counters.question <= MaxCards && counters.answer <= MaxCards);
-  stack.CardCount = std::min(counters.question, counters.answer) - 1;
+  target.stack.CardCount = std::min(counters.question, counters.answer) - 1;
   return FileStatus::Ok;
 }
 
 FileStatus ReadImportStack(StackStore& stacks, Prompts& prompts, std::string_view content,
-                           TextView folder, ReadMode mode, const TopicCheck& check) {
+                           TextView folder, ReadMode mode, const TopicCheck& check,
+                           const SideListener& listener) {
   FileLines lines(content);
   stacks.FileTopicName.clear();
   Text line;
@@ -128,7 +146,7 @@ FileStatus ReadImportStack(StackStore& stacks, Prompts& prompts, std::string_vie
     marked = ContainsIgnoringCase(line, ImportMark);
   }
   ImportCounters counters;
-  const FileStatus status = ReadImportCards(*stack, lines, folder, counters);
+  const FileStatus status = ReadImportCards({*stack, folder, listener}, lines, counters);
   if (status != FileStatus::Ok) return status;
   if (counters.question != counters.answer) {
     prompts.Show({.text = u"Problem loading cards after" + SignedNumberText(stack->CardCount),
@@ -144,20 +162,27 @@ FileStatus ReadImportStack(StackStore& stacks, Prompts& prompts, std::string_vie
 }  // namespace
 
 FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
-                         TextView fileName, ReadMode mode, const TopicCheck& check) try {
-  const Text base = WithSeparator(folder);
+                         TextView fileName, ReadMode mode, const TopicCheck& check) {
+  const Text path = WithSeparator(folder).append(fileName);
   std::string content;
-  const Text path = Text(base).append(fileName);
   FileStatus status = files.Read(path, content);
   if (status != FileStatus::Ok) return status;
-  status = ContainsIgnoringCase(fileName, u".QBS")
-               ? ReadImportStack(stacks, prompts, content, base, mode, check)
-               : ReadNativeStack(stacks, content, base, mode, check);
+  status = ReadStackContent(stacks, prompts, content, folder, fileName, mode, check, {});
   if (status == FileStatus::Ok && mode == ReadMode::Full) {
     const Text found = files.Find(path);
     stacks.Current().Origin = StackOrigin(found.empty() ? path : found, content);
   }
   return status;
+}
+
+FileStatus ReadStackContent(StackStore& stacks, Prompts& prompts, std::string_view content,
+                            TextView folder, TextView fileName, ReadMode mode,
+                            const TopicCheck& check, const SideListener& listener) try {
+  const Text base = WithSeparator(folder);
+  if (ContainsIgnoringCase(fileName, u".QBS")) {
+    return ReadImportStack(stacks, prompts, content, base, mode, check, listener);
+  }
+  return ReadNativeStack(stacks, content, base, mode, check, listener);
 } catch (const Fault& fault) {
   if (fault.Number() != FileStatus::Overflow) throw;
   return fault.Number();  // more stacks than a 16-bit number counts

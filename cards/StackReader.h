@@ -7,6 +7,7 @@
 #include "cards/StackStore.h"
 
 #include <functional>
+#include <string_view>
 
 /// Finds the topic of a stack by the name in its file; asks the user where it is unknown. Called
 /// once for each stack, after its last card.
@@ -17,6 +18,20 @@ enum class ReadMode {
   Full = 1,
 };
 
+/// A side as the reader took it out of its line.
+struct SideRead {
+  int lineNumber;  ///< in the file, from 1
+  int card;
+  int side;
+  TextView line;  ///< as it stands in the file
+  TextView text;  ///< decoded, not yet cut to MaxLoadedText
+  TextView sound;
+  TextView picture;
+};
+
+/// Told each side as it is read, by programs that report on files; its views end with the call.
+using SideListener = std::function<void(const SideRead&)>;
+
 /// Reads a stack file, or an import file when its name contains ".QBS" (letter case ignored), and
 /// appends the stack, which becomes the current one. Its StackName is left to the caller.
 /// @param folder  of the stack; its picture and sound names are taken to lie there
@@ -24,3 +39,9 @@ enum class ReadMode {
 ///         is what it was; StackDescription and FileTopicName keep what was read of them.
 FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
                          TextView fileName, ReadMode mode, const TopicCheck& check);
+
+/// The same for a file whose content is at hand: it ends as if it had been read under `fileName`.
+/// @param listener  may be empty
+FileStatus ReadStackContent(StackStore& stacks, Prompts& prompts, std::string_view content,
+                            TextView folder, TextView fileName, ReadMode mode,
+                            const TopicCheck& check, const SideListener& listener);

@@ -1,5 +1,6 @@
 #include "cards/StackReader.h"
 
+#include "base/CodePage.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/TextPrinters.h"
@@ -79,6 +80,42 @@ class StackReaderTest : public testing::Test {
 
 class ReadNativeStackTest : public StackReaderTest {};
 class ReadImportStackTest : public StackReaderTest {};
+
+TEST_F(StackReaderTest, AListenerHearsEachSideAsItsLineHoldsIt) {
+  const std::string content = Lines({"Topic", "Description", "the cat^el perro.wav dog.bmp",
+                                     std::string(260, 'x') + "  ", "again  ", "otra  "});
+  std::vector<std::string> heard;
+  const auto listener = [&](const SideRead& side) {
+    heard.push_back(std::to_string(side.lineNumber) + " card " + std::to_string(side.card) +
+                    " side " + std::to_string(side.side) + " " + ToUtf8(side.sound) + " " +
+                    ToUtf8(side.picture) + " " + std::to_string(side.line.size()) + " " +
+                    std::to_string(side.text.size()));
+  };
+  const auto anyTopic = [](const Text&) { return 0; };
+  ASSERT_EQ(ReadStackContent(stacks, prompts, content, u"cards", u"x.QBC", ReadMode::Full, anyTopic,
+                             listener),
+            FileStatus::Ok);
+  EXPECT_EQ(heard, (std::vector<std::string>{"3 card 1 side 0 cards/perro.wav cards/dog.bmp 28 11",
+                                             "4 card 1 side 1   262 262", "5 card 2 side 0   7 7",
+                                             "6 card 2 side 1   6 6"}));
+  EXPECT_EQ(stacks.Current().SideText(1, Back).size(), 256U);
+}
+
+TEST_F(StackReaderTest, AListenerHearsTheSidesOfAnImportFileOnly) {
+  const std::string content =
+      Lines({"A title", "[WinQuib]", "Q1=house", "a remark", "A1=<wav>Haus.wav>Haus"});
+  std::vector<std::string> heard;
+  const auto listener = [&](const SideRead& side) {
+    heard.push_back(std::to_string(side.lineNumber) + " " + ToUtf8(side.line) + " -> " +
+                    ToUtf8(side.text) + ", " + ToUtf8(side.sound));
+  };
+  ASSERT_EQ(ReadStackContent(
+                stacks, prompts, content, u"", u"x.QBS", ReadMode::Full,
+                [](const Text&) { return 0; }, listener),
+            FileStatus::Ok);
+  EXPECT_EQ(heard, (std::vector<std::string>{"3 Q1=house -> house, ",
+                                             "5 A1=<wav>Haus.wav>Haus -> >Haus, Haus.wav"}));
+}
 
 }  // namespace
 
