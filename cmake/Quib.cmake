@@ -30,15 +30,17 @@ function(quib_set_up_compiler)
   set(CMAKE_CXX_EXTENSIONS OFF PARENT_SCOPE)
 endfunction()
 
-# quib_add_logic(<folder> SOURCES <file>... [USES <folder>...])
-# The folder's logic as the library quib_<folder>: standard library only. USES names the folders
-# that it may include; the include lint reads the same line.
+# quib_add_logic(<folder> SOURCES <file>... [USES <folder>...] [LIBRARIES <target>...])
+# The folder's logic as the library quib_<folder>: standard library only, and the libraries that
+# LIBRARIES names. USES names the folders that it may include; the include lint reads the same
+# lines.
 function(quib_add_logic folder)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES")
   add_library(quib_${folder} STATIC ${arg_SOURCES})
   target_include_directories(quib_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
   list(TRANSFORM arg_USES PREPEND quib_)
-  target_link_libraries(quib_${folder} PUBLIC ${arg_USES} PRIVATE quib_options)
+  target_link_libraries(quib_${folder} PUBLIC ${arg_USES}
+                                           PRIVATE ${arg_LIBRARIES} quib_options)
 endfunction()
 
 # quib_add_windows(SOURCES <file>... USES <folder>...)

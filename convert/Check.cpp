@@ -1,0 +1,100 @@
+#include "convert/Check.h"
+
+#include "base/CodePage.h"
+#include "base/Paths.h"
+#include "cards/CardStack.h"
+#include "convert/CheckStack.h"
+#include "convert/FileBytes.h"
+#include "convert/NativeStack.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+
+namespace {
+
+bool ReadBytes(Files& files, const Text& path, std::string& bytes, Findings& findings) {
+  const FileStatus status = files.Read(path, bytes);
+  if (status == FileStatus::Ok) return true;
+  findings.push_back(Failed(FindingKind::Unreadable, 0, ToUtf8(ErrorText(status))));
+  return false;
+}
+
+/// Reads the file and finds out its format.
+bool Open(Files& files, const Text& path, const CheckOptions& options, std::string& bytes,
+          FileReport& report) {
+  report.path = path;
+  if (!ReadBytes(files, path, bytes, report.findings)) return false;
+  report.bytes = bytes.size();
+  report.format = options.format ? options.format : FormatForReading(BaseName(path), bytes);
+  if (!report.format) {
+    report.findings.push_back(
+        Failed(FindingKind::Unreadable, 0, "the name says no format that is known here"));
+    return false;
+  }
+  report.lineEnds = LineEndWords(CountLineEnds(bytes));
+  return true;
+}
+
+void TakeFacts(const Deck& deck, FileReport& report) {
+  report.topic = deck.topic;
+  report.description = deck.description;
+  report.cards = deck.cards.size();
+  report.media = CountMedia(deck);
+}
+
+/// What stacks with these cards would lack.
+void CheckForeignDeck(const Deck& deck, Findings& findings) {
+  if (deck.cards.empty()) {
+    findings.push_back(Failed(FindingKind::Malformed, 0, "no cards in it"));
+    return;
+  }
+  if (deck.cards.size() > MaxCards) {
+    findings.push_back(
+        Found(FindingKind::ExtraCards, deck.cards[MaxCards].line,
+              fmt::format("{} cards; a stack has at most {} (convert --split makes several)",
+                          deck.cards.size(), MaxCards)));
+  }
+  int cardsBefore = 0;
+  for (const Deck& part : SplitDeck(deck, MaxCards, DescriptionWidth)) {
+    Findings lost;
+    (void)WriteNativeStack(part, lost);
+    for (Finding& finding : lost) {
+      if (finding.card == 0 && cardsBefore > 0) continue;  // the header's, said once
+      if (finding.card > 0) finding.card += cardsBefore;
+      findings.push_back(std::move(finding));
+    }
+    cardsBefore += static_cast<int>(part.cards.size());
+  }
+}
+
+}  // namespace
+
+FileReport CheckFile(Files& files, MediaFolders& folders, const Text& path,
+                     const CheckOptions& options) {
+  FileReport report;
+  std::string bytes;
+  if (!Open(files, path, options, bytes, report)) return report;
+  Deck deck;
+  const bool native = report.format == DeckFormat::Stack || report.format == DeckFormat::Import;
+  if (native && options.read.encoding.empty()) {
+    report.encoding = StackEncodingName(bytes);
+    CheckStack(bytes, path, options.topics, folders, deck, report.findings);
+  } else if (ReadDeck(*report.format, bytes, BaseName(path), options.read, deck, report.encoding,
+                      report.findings)) {
+    CheckForeignDeck(deck, report.findings);
+  }
+  TakeFacts(deck, report);
+  SortByLine(report.findings);
+  return report;
+}
+
+FileReport DescribeFile(Files& files, const Text& path, const CheckOptions& options, Deck& deck) {
+  FileReport report;
+  std::string bytes;
+  if (!Open(files, path, options, bytes, report)) return report;
+  (void)ReadDeck(*report.format, bytes, BaseName(path), options.read, deck, report.encoding,
+                 report.findings);
+  TakeFacts(deck, report);
+  SortByLine(report.findings);
+  return report;
+}

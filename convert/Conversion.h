@@ -1,0 +1,54 @@
+#pragma once
+
+#include "base/Files.h"
+#include "convert/Formats.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+struct ConvertOptions {
+  std::optional<DeckFormat> from;  ///< else by the name of the input, or what stands in it
+  std::optional<DeckFormat> to;    ///< else by the name of the output
+  ReadOptions read;
+  WriteOptions write;
+  std::optional<Text> topic;        ///< instead of the input's
+  std::optional<Text> description;  ///< instead of the input's
+  bool swap = false;                ///< fronts become backs
+  bool split = false;               ///< more cards than a stack holds make several stacks
+  bool strict = false;              ///< whatever is lost is an error
+  bool force = false;               ///< existing files may be replaced
+  bool copyMedia = false;           ///< pictures and sounds go along
+};
+
+/// A file to be written.
+struct OutputFile {
+  Text path;
+  std::string bytes;
+  std::size_t cards = 0;
+};
+
+/// A picture or sound to be copied.
+struct MediaCopy {
+  Text source;
+  Text target;
+};
+
+struct Conversion {
+  std::vector<OutputFile> outputs;
+  std::vector<MediaCopy> media;  ///< those that were found
+  Findings findings;
+};
+
+/// Works out what becomes of a file; writes nothing.
+/// @param bytes    the input's content
+/// @param inPath   its media are named from its folder
+/// @param outPath  of the output; split stacks are numbered "name-1.QBC", ...
+/// @return false when nothing is to be written: the last finding, or with `strict` any, says why
+bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, const Text& outPath,
+                    const ConvertOptions& options, Conversion& conversion);
+
+/// Writes the outputs, each as a whole, then copies the media. Before the first byte is written, it
+/// is known that every file can be.
+/// @return false when some output was not written; the last finding says why
+bool WriteConversion(Files& files, Conversion& conversion, bool force);

@@ -1,0 +1,155 @@
+#include "convert/DelimitedText.h"
+
+#include "base/CodePage.h"
+
+#include <algorithm>
+#include <array>
+#include <csv.h>
+#include <new>
+#include <utility>
+
+namespace {
+
+constexpr unsigned char NoQuote = 0;
+constexpr std::size_t BlockSize = 4096;  // by which the parser's buffer for a field grows
+
+int NoSpace(unsigned char) { return 0; }  // blanks belong to the field
+
+class Parser {
+ public:
+  Parser(char separator, QuoteRule rule) {
+    // Every row end is reported, those of empty lines too: so a new row is told from the middle of
+    // a quoted field.
+    unsigned char options = CSV_REPALL_NL | CSV_STRICT_FINI;
+    if (rule == QuoteRule::Strict) options |= CSV_STRICT;
+    if (::csv_init(&m_parser, options) != 0) throw std::bad_alloc();
+    ::csv_set_delim(&m_parser, static_cast<unsigned char>(separator));
+    ::csv_set_space_func(&m_parser, NoSpace);
+    ::csv_set_blk_size(&m_parser, BlockSize);
+    if (rule == QuoteRule::None) ::csv_set_quote(&m_parser, NoQuote);
+  }
+  Parser(const Parser&) = delete;
+  Parser& operator=(const Parser&) = delete;
+  ~Parser() { ::csv_free(&m_parser); }
+
+  bool Feed(std::string_view piece) {
+    return Done(::csv_parse(&m_parser, piece.data(), piece.size(), TakeField, TakeRowEnd, this) ==
+                piece.size());
+  }
+  bool Finish() { return Done(::csv_fini(&m_parser, TakeField, TakeRowEnd, this) == 0); }
+
+  /// A row that has begun is not over.
+  bool rowIsOpen = false;
+  std::vector<Text> fields;
+  std::vector<std::vector<Text>> finished;
+
+ private:
+  bool Done(bool well) {
+    if (!well && ::csv_error(&m_parser) == CSV_ENOMEM) throw std::bad_alloc();
+    return well;
+  }
+  static void TakeField(void* data, std::size_t size, void* self) {
+    auto& parser = *static_cast<Parser*>(self);
+    parser.fields.push_back(data == nullptr ? Text()
+                                            : FromUtf8({static_cast<const char*>(data), size}));
+  }
+  static void TakeRowEnd(int, void* self) {
+    auto& parser = *static_cast<Parser*>(self);
+    parser.rowIsOpen = false;
+    if (!parser.fields.empty()) parser.finished.push_back(std::exchange(parser.fields, {}));
+  }
+
+  csv_parser m_parser{};
+};
+
+/// The first line of `text` with its end: LF, CR LF or CR.
+std::string_view FirstPiece(std::string_view text) {
+  const std::size_t end = text.find_first_of("\r\n");
+  if (end == std::string_view::npos) return text;
+  const bool both = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
+  return text.substr(0, end + (both ? 2 : 1));
+}
+
+bool NeedsQuotes(TextView field, char separator) {
+  if (field.empty()) return false;
+  if (field.front() == u' ' || field.back() == u' ' || field.front() == u'#') return true;
+  const std::array<char16_t, 5> special = {static_cast<unsigned char>(separator), u'"', u'\r',
+                                           u'\n', u'\0'};
+  return field.find_first_of(special.data(), 0, special.size()) != TextView::npos;
+}
+
+}  // namespace
+
+int ParseDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
+                   std::vector<DelimitedRow>& rows) {
+  Text withoutNul;
+  if (rule == QuoteRule::None && text.find(u'\0') != TextView::npos) {
+    // The parser's "no quote" is the null character, which no text of words holds.
+    withoutNul = text;
+    std::replace(withoutNul.begin(), withoutNul.end(), u'\0', u'\uFFFD');
+    text = withoutNul;
+  }
+  const std::string utf8 = ToUtf8(text);
+  std::string_view rest = utf8;
+  Parser parser(separator, rule);
+  int line = firstLine;
+  int rowLine = firstLine;
+  const auto takeRows = [&] {
+    for (std::vector<Text>& fields : parser.finished) rows.push_back({rowLine, std::move(fields)});
+    parser.finished.clear();
+  };
+  for (; !rest.empty(); ++line) {
+    const std::string_view piece = FirstPiece(rest);
+    rest.remove_prefix(piece.size());
+    if (!std::exchange(parser.rowIsOpen, true)) rowLine = line;
+    if (!parser.Feed(piece)) return line;
+    takeRows();
+  }
+  if (!parser.Finish()) return rowLine;
+  takeRows();
+  return 0;
+}
+
+bool ParseDelimitedAsItFits(TextView text, char separator, QuoteRule otherwise, int firstLine,
+                            std::vector<DelimitedRow>& rows, int& brokenLine) {
+  brokenLine = ParseDelimited(text, separator, QuoteRule::Strict, firstLine, rows);
+  if (brokenLine == 0) return true;
+  rows.clear();
+  const int line = ParseDelimited(text, separator, otherwise, firstLine, rows);
+  if (line != 0) brokenLine = line;
+  return line == 0;
+}
+
+char GuessSeparator(TextView text, char fallback) {
+  constexpr std::array<char, 3> Candidates = {'\t', ',', ';'};
+  std::array<int, Candidates.size()> counts{};
+  bool quoted = false;
+  for (const char16_t unit : text) {
+    if (unit == u'"') quoted = !quoted;
+    if (quoted) continue;
+    if (unit == u'\n' || unit == u'\r') break;
+    for (std::size_t i = 0; i < Candidates.size(); ++i) {
+      if (unit == static_cast<char16_t>(Candidates[i])) ++counts[i];
+    }
+  }
+  const auto most = std::max_element(counts.begin(), counts.end());
+  const std::size_t preferred = static_cast<std::size_t>(
+      std::find(Candidates.begin(), Candidates.end(), fallback) - Candidates.begin());
+  if (*most == 0 || (preferred < counts.size() && counts[preferred] == *most)) return fallback;
+  return Candidates[static_cast<std::size_t>(most - counts.begin())];
+}
+
+void AppendRow(Text& text, const std::vector<Text>& fields, char separator) {
+  const bool onlyEmpty =
+      std::all_of(fields.begin(), fields.end(), [](const Text& field) { return field.empty(); });
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    if (i > 0) text += static_cast<char16_t>(separator);
+    // A row of nothing would be an empty line, and those give no row.
+    if (NeedsQuotes(fields[i], separator) || (i == 0 && onlyEmpty)) {
+      text.append(u"\"").append(ReplaceAll(fields[i], u"\"", u"\"\"")).append(u"\"");
+    } else {
+      text.append(fields[i]);
+    }
+  }
+  text.append(LineBreak);
+}

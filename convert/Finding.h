@@ -1,0 +1,73 @@
+#pragma once
+
+#include "base/Text.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// What a finding is about. KindName gives the word that stands for it in reports for machines.
+enum class FindingKind {
+  Unreadable,        ///< the file cannot be opened, read or written
+  Malformed,         ///< the content breaks the rules of its format
+  ExtraCards,        ///< more cards than a stack holds
+  LongText,          ///< a text that is cut when it is loaded
+  Caret,             ///< a caret in a text: the program can read it, but not save it
+  MediaWord,         ///< a word of the text that reads as the name of a picture or sound
+  MediaName,         ///< a picture or sound that a card cannot name
+  MissingMedia,      ///< a picture or sound that is not there
+  MediaCase,         ///< one that is there in another letter case
+  Topic,             ///< no topic, or one that the settings do not have
+  Description,       ///< a description that is cut
+  TrailingBlanks,    ///< blanks behind a text
+  LineEnds,          ///< line ends of several kinds, or breaks inside a line
+  Encoding,          ///< letters that turn out wrong
+  ControlCharacter,  ///< characters that nobody sees
+  EmptyCard,         ///< a card without anything on it
+  IgnoredLine,       ///< a line or row that gives no card
+  UnequalSides,      ///< an import list with more fronts than backs, or the other way round
+  LostField,         ///< something that the target has no place for
+  ChangedText,       ///< a text that does not come back as it was
+  Remark,            ///< worth knowing, nothing wrong
+};
+
+std::string_view KindName(FindingKind kind);
+
+enum class Severity {
+  Remark,   ///< nothing is wrong or lost
+  Finding,  ///< something is odd or lost
+  Error,    ///< nothing can be done with the file
+};
+
+std::string_view SeverityName(Severity severity);
+
+/// One thing that a reader, a writer or a check has to say.
+struct Finding {
+  FindingKind kind = FindingKind::Remark;
+  Severity severity = Severity::Finding;
+  int line = 0;         ///< in the file, from 1; 0 when it is about the whole file
+  int card = 0;         ///< from 1; 0 when it is about no card
+  int side = -1;        ///< Front or Back; -1 when it is about neither
+  std::string message;  ///< UTF-8, one line, no full stop
+};
+
+using Findings = std::vector<Finding>;
+
+/// About the file as a whole, or one of its lines.
+Finding Found(FindingKind kind, int line, std::string message);
+Finding Failed(FindingKind kind, int line, std::string message);
+Finding Remarked(int line, std::string message);
+/// About a side of a card.
+Finding FoundAt(FindingKind kind, int line, int card, int side, std::string message);
+
+/// Remark for an empty list.
+Severity WorstOf(const Findings& findings);
+
+/// In the order of the lines that the findings are about; those about the whole file first.
+void SortByLine(Findings& findings);
+
+/// UTF-8 that a terminal can show: control characters become signs of their own, line breaks "⏎".
+std::string Printable(TextView text);
+
+/// The same in quotes, cut to a length that fits into a message.
+std::string Quoted(TextView text);
