@@ -35,6 +35,7 @@ struct Header {
   Text description;
   std::vector<int> programColumns;  ///< counted from 1
   int tagsColumn = 0;
+  int deckColumn = 0;
   int lines = 0;
 };
 
@@ -71,7 +72,10 @@ void TakeHeaderLine(Header& header, TextView key, TextView value) {
     header.description = value;
   } else if (is(u"tags column")) {
     header.tagsColumn = ColumnNumber(value);
-  } else if (is(u"deck column") || is(u"notetype column") || is(u"guid column")) {
+  } else if (is(u"deck column")) {
+    header.deckColumn = ColumnNumber(value);
+    header.programColumns.push_back(header.deckColumn);
+  } else if (is(u"notetype column") || is(u"guid column")) {
     header.programColumns.push_back(ColumnNumber(value));
   }
 }
@@ -117,6 +121,21 @@ std::vector<TableColumn> ColumnsOf(const Header& header, char separator, TextCol
   return columns;
 }
 
+/// The deck that the rows name, where they have a column for it.
+void TakeDeckOfRows(const std::vector<DelimitedRow>& rows, Header& header, Findings& findings) {
+  if (header.deckColumn == 0 || !header.deck.empty()) return;
+  const auto at = static_cast<std::size_t>(header.deckColumn) - 1;
+  for (const DelimitedRow& row : rows) {
+    if (row.fields.size() <= at || row.fields[at].empty()) continue;
+    if (header.deck.empty()) header.deck = row.fields[at];
+    if (row.fields[at] == header.deck) continue;
+    findings.push_back(Found(FindingKind::LostField, row.line,
+                             fmt::format("cards of several decks become one list: {}, {} and so on",
+                                         Quoted(header.deck), Quoted(row.fields[at]))));
+    return;
+  }
+}
+
 void NameDeck(const Header& header, Deck& deck) {
   deck.topic = TrimBlanks(header.topic);
   deck.description = TrimBlanks(header.description);
@@ -144,7 +163,7 @@ bool LooksLikeAnkiText(TextView text) {
 }
 
 bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findings) {
-  const Header header = TakeHeader(text);
+  Header header = TakeHeader(text);
   const char separator = header.separator.value_or(GuessSeparator(text, '\t'));
   std::vector<DelimitedRow> rows;
   int brokenLine = 0;
@@ -158,6 +177,7 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
     findings.push_back(Found(FindingKind::Malformed, brokenLine,
                              "quotes are not used as in a table; they stay in the texts"));
   }
+  TakeDeckOfRows(rows, header, findings);
   NameDeck(header, deck);
   if (!header.tags.empty()) {
     findings.push_back(

@@ -42,8 +42,34 @@ void TakeFacts(const Deck& deck, FileReport& report) {
   report.media = CountMedia(deck);
 }
 
-/// What stacks with these cards would lack.
-void CheckForeignDeck(const Deck& deck, Findings& findings) {
+/// Pictures and sounds that the cards name and that are not there.
+void CheckForeignMedia(const Deck& deck, TextView folder, MediaFolders& folders,
+                       Findings& findings) {
+  for (std::size_t i = 0; i < deck.cards.size(); ++i) {
+    const DeckCard& card = deck.cards[i];
+    for (const int side : {Front, Back}) {
+      const DeckSide& content = card.sides[static_cast<std::size_t>(side)];
+      for (const Text& name : {content.sound, content.picture}) {
+        Text found;
+        if (name.empty() || folders.Look(folder, name, found) == MediaFolders::Presence::There) {
+          continue;
+        }
+        if (!found.empty()) continue;
+        findings.push_back(FoundAt(FindingKind::MissingMedia, card.line, static_cast<int>(i) + 1,
+                                   side, fmt::format("{} is not there", Quoted(name))));
+      }
+    }
+  }
+}
+
+/// What stacks with these cards would lack. Media lie beside a stack, wherever they were.
+void CheckForeignDeck(Deck deck, Findings& findings) {
+  for (DeckCard& card : deck.cards) {
+    for (DeckSide& side : card.sides) {
+      side.sound = Text(BareMediaName(side.sound));
+      side.picture = Text(BareMediaName(side.picture));
+    }
+  }
   if (deck.cards.empty()) {
     findings.push_back(Failed(FindingKind::Malformed, 0, "no cards in it"));
     return;
@@ -81,6 +107,7 @@ FileReport CheckFile(Files& files, MediaFolders& folders, const Text& path,
     CheckStack(bytes, path, options.topics, folders, deck, report.findings);
   } else if (ReadDeck(*report.format, bytes, BaseName(path), options.read, deck, report.encoding,
                       report.findings)) {
+    CheckForeignMedia(deck, FolderPart(path), folders, report.findings);
     CheckForeignDeck(deck, report.findings);
   }
   TakeFacts(deck, report);

@@ -52,7 +52,7 @@ class MediaPlan {
     constexpr TextView FileAddress = u"file://";
     TextView path = name;
     if (path.starts_with(FileAddress)) path.remove_prefix(FileAddress.size());
-    const Text bare(BaseName(path));
+    const Text bare(BareMediaName(path));
     const bool fromRoot = IsSeparator(path.front());
     const Text source = fromRoot ? Text(path) : m_folder + Text(path);
     const auto [place, isNew] = m_sources.try_emplace(bare, source);

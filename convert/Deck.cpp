@@ -1,5 +1,7 @@
 #include "convert/Deck.h"
 
+#include "base/Paths.h"
+
 #include <algorithm>
 #include <set>
 #include <utility>
@@ -43,6 +45,8 @@ std::vector<Deck> SplitDeck(const Deck& deck, std::size_t most, std::size_t desc
   }
   return parts;
 }
+
+TextView BareMediaName(TextView name) { return BaseName(name); }
 
 MediaCount CountMedia(const Deck& deck) {
   std::set<TextView> sounds;

@@ -41,6 +41,9 @@ void SwapSides(Deck& deck);
 /// of each ends in its number, and is cut before it to `descriptionWidth` characters in all.
 std::vector<Deck> SplitDeck(const Deck& deck, std::size_t most, std::size_t descriptionWidth);
 
+/// The name of a picture or sound file without its folder.
+TextView BareMediaName(TextView name);
+
 /// How many different pictures and sounds the cards name.
 struct MediaCount {
   std::size_t sounds = 0;

@@ -20,7 +20,7 @@ class Parser {
   Parser(char separator, QuoteRule rule) {
     // Every row end is reported, those of empty lines too: so a new row is told from the middle of
     // a quoted field.
-    unsigned char options = CSV_REPALL_NL | CSV_STRICT_FINI;
+    unsigned char options = CSV_REPALL_NL;
     if (rule == QuoteRule::Strict) options |= CSV_STRICT;
     if (::csv_init(&m_parser, options) != 0) throw std::bad_alloc();
     ::csv_set_delim(&m_parser, static_cast<unsigned char>(separator));
@@ -36,7 +36,12 @@ class Parser {
     return Done(::csv_parse(&m_parser, piece.data(), piece.size(), TakeField, TakeRowEnd, this) ==
                 piece.size());
   }
-  bool Finish() { return Done(::csv_fini(&m_parser, TakeField, TakeRowEnd, this) == 0); }
+  /// False when a quoted field is still open: then one more line end does not end the row either.
+  bool Finish() {
+    rowIsOpen = true;
+    return Feed("\n") && !rowIsOpen &&
+           Done(::csv_fini(&m_parser, TakeField, TakeRowEnd, this) == 0);
+  }
 
   /// A row that has begun is not over.
   bool rowIsOpen = false;
@@ -73,9 +78,12 @@ std::string_view FirstPiece(std::string_view text) {
 bool NeedsQuotes(TextView field, char separator) {
   if (field.empty()) return false;
   if (field.front() == u' ' || field.back() == u' ' || field.front() == u'#') return true;
-  const std::array<char16_t, 5> special = {static_cast<unsigned char>(separator), u'"', u'\r',
-                                           u'\n', u'\0'};
-  return field.find_first_of(special.data(), 0, special.size()) != TextView::npos;
+  if (field.find_first_of(u"\"\r\n") != TextView::npos || field.find(u'\0') != TextView::npos) {
+    return true;
+  }
+  // In a file with commas, all that may part fields: who reads it may have to find out which does.
+  const bool guessed = separator != '\t' && field.find_first_of(u"\t,;") != TextView::npos;
+  return guessed || field.find(static_cast<char16_t>(separator)) != TextView::npos;
 }
 
 }  // namespace

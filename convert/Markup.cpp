@@ -50,27 +50,63 @@ std::optional<std::uint32_t> NumericEntity(TextView digits) {
   return number;
 }
 
+struct NamedCharacter {
+  TextView name;
+  char16_t character;
+};
+
+// The names that old decks use. Source: the character entity sets of HTML 4.
+constexpr std::array<NamedCharacter, 18> Names = {{{u"amp", u'&'},
+                                                   {u"lt", u'<'},
+                                                   {u"gt", u'>'},
+                                                   {u"quot", u'"'},
+                                                   {u"apos", u'\''},
+                                                   {u"OElig", u'\u0152'},
+                                                   {u"oelig", u'\u0153'},
+                                                   {u"ndash", u'\u2013'},
+                                                   {u"mdash", u'\u2014'},
+                                                   {u"lsquo", u'\u2018'},
+                                                   {u"rsquo", u'\u2019'},
+                                                   {u"sbquo", u'\u201A'},
+                                                   {u"ldquo", u'\u201C'},
+                                                   {u"rdquo", u'\u201D'},
+                                                   {u"bdquo", u'\u201E'},
+                                                   {u"hellip", u'\u2026'},
+                                                   {u"euro", u'\u20AC'},
+                                                   {u"rarr", u'\u2192'}}};
+// The characters 160 to 255 in their order.
+constexpr std::array<TextView, 96> Latin1Names = {
+    u"nbsp",   u"iexcl",  u"cent",   u"pound",  u"curren", u"yen",    u"brvbar", u"sect",
+    u"uml",    u"copy",   u"ordf",   u"laquo",  u"not",    u"shy",    u"reg",    u"macr",
+    u"deg",    u"plusmn", u"sup2",   u"sup3",   u"acute",  u"micro",  u"para",   u"middot",
+    u"cedil",  u"sup1",   u"ordm",   u"raquo",  u"frac14", u"frac12", u"frac34", u"iquest",
+    u"Agrave", u"Aacute", u"Acirc",  u"Atilde", u"Auml",   u"Aring",  u"AElig",  u"Ccedil",
+    u"Egrave", u"Eacute", u"Ecirc",  u"Euml",   u"Igrave", u"Iacute", u"Icirc",  u"Iuml",
+    u"ETH",    u"Ntilde", u"Ograve", u"Oacute", u"Ocirc",  u"Otilde", u"Ouml",   u"times",
+    u"Oslash", u"Ugrave", u"Uacute", u"Ucirc",  u"Uuml",   u"Yacute", u"THORN",  u"szlig",
+    u"agrave", u"aacute", u"acirc",  u"atilde", u"auml",   u"aring",  u"aelig",  u"ccedil",
+    u"egrave", u"eacute", u"ecirc",  u"euml",   u"igrave", u"iacute", u"icirc",  u"iuml",
+    u"eth",    u"ntilde", u"ograve", u"oacute", u"ocirc",  u"otilde", u"ouml",   u"divide",
+    u"oslash", u"ugrave", u"uacute", u"ucirc",  u"uuml",   u"yacute", u"thorn",  u"yuml"};
+
+/// The character that "&name;" stands for.
+std::optional<std::uint32_t> NamedEntity(TextView name) {
+  const auto* const known = std::find_if(Names.begin(), Names.end(),
+                                         [&](const NamedCharacter& c) { return c.name == name; });
+  if (known != Names.end()) return known->character;
+  const auto* const latin = std::find(Latin1Names.begin(), Latin1Names.end(), name);
+  if (latin == Latin1Names.end()) return std::nullopt;
+  return static_cast<std::uint32_t>(0xA0 + (latin - Latin1Names.begin()));
+}
+
 /// Takes a character reference from the front of `rest`; another "&" is itself.
 void TakeReference(TextView& rest, Text& text) {
-  struct Named {
-    TextView name;
-    char16_t character;
-  };
-  constexpr std::array<Named, 6> KnownNames = {{{u"amp", u'&'},
-                                                {u"lt", u'<'},
-                                                {u"gt", u'>'},
-                                                {u"quot", u'"'},
-                                                {u"apos", u'\''},
-                                                {u"nbsp", u'\u00A0'}}};
   constexpr std::size_t Longest = 12;
   const std::size_t end = rest.substr(0, Longest).find(u';');
   if (end != TextView::npos) {
     const TextView name = rest.substr(1, end - 1);
-    const auto* const known = std::find_if(KnownNames.begin(), KnownNames.end(),
-                                           [&](const Named& named) { return named.name == name; });
-    std::optional<std::uint32_t> character;
-    if (known != KnownNames.end()) character = known->character;
-    if (name.starts_with(u'#')) character = NumericEntity(name.substr(1));
+    const std::optional<std::uint32_t> character =
+        name.starts_with(u'#') ? NumericEntity(name.substr(1)) : NamedEntity(name);
     if (character) {
       AppendCharacter(text, *character);
       rest.remove_prefix(end + 1);

@@ -100,7 +100,11 @@ class Preparation {
                       Quoted(content.picture)));
       content.picture.clear();
     }
-    content.text = WithCrLf(content.text);
+    if (Text whole = WithCrLf(content.text); whole != content.text) {
+      add(FindingKind::LineEnds,
+          fmt::format("a break of another kind in {} becomes a line break", Quoted(content.text)));
+      content.text = std::move(whole);
+    }
     if (Text kept = WithoutEmptyLines(content.text); kept != content.text) {
       add(FindingKind::ChangedText,
           fmt::format("an empty line in {} gets a blank; without, it would read as a caret",
