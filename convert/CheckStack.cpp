@@ -14,10 +14,12 @@
 
 namespace {
 
-/// Blanks that a side's line ends in by itself: before the sound's name and before the picture's.
+/// Blanks that a side's line ends in by itself: before the sound's name and before the picture's,
+/// where there are none.
 std::size_t OwnBlanks(const SideRead& side) {
-  if (!side.picture.empty()) return 0;
-  return side.sound.empty() ? 2 : 1;
+  const TextView line = TrimRight(side.line);
+  if (!side.picture.empty() && line.ends_with(side.picture)) return 0;
+  return !side.sound.empty() && line.ends_with(side.sound) ? 1 : 2;
 }
 
 /// What follows the name that ends in `extension` in a line.

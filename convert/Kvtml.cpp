@@ -48,6 +48,15 @@ Text TextOf(const pugi::xml_node& element) {
 
 bool IsElement(const pugi::xml_node& node) { return node.type() == pugi::node_element; }
 
+/// True when an element holds more than space.
+bool HasContent(const pugi::xml_node& element) {
+  const pugi::xml_object_range<pugi::xml_node_iterator> children = element.children();
+  return std::any_of(children.begin(), children.end(), [](const pugi::xml_node& child) {
+    return IsElement(child) ||
+           std::string_view(child.value()).find_first_not_of(" \t\r\n") != std::string_view::npos;
+  });
+}
+
 /// The one lesson that a file of ours has.
 Text LessonName(const Deck& deck) {
   return deck.description.empty() ? Text(u"Cards") : deck.description;
@@ -149,7 +158,7 @@ class Reader {
         side.sound = TrimBlanks(TextOf(part));
       } else if (name == "image") {
         side.picture = TrimBlanks(TextOf(part));
-      } else if (!part.first_child().empty()) {
+      } else if (HasContent(part)) {
         Lose(fmt::format("<{}>", part.name()), part);
       }
     }
@@ -181,7 +190,7 @@ class Reader {
     for (const pugi::xml_node& identifier : m_root.child("identifiers").children("identifier")) {
       for (const pugi::xml_node& part : identifier.children()) {
         const std::string_view name = part.name();
-        if (IsElement(part) && name != "name" && name != "locale" && !part.first_child().empty()) {
+        if (IsElement(part) && name != "name" && name != "locale" && HasContent(part)) {
           Lose(fmt::format("<{}>", part.name()), part);
         }
       }
@@ -247,8 +256,8 @@ void AddIdentifier(pugi::xml_node& identifiers, const char* id, TextView name) {
 
 bool ReadKvtml(std::string_view bytes, TextColumns wanted, Deck& deck, Findings& findings) {
   pugi::xml_document document;
-  const pugi::xml_parse_result parsed = document.load_buffer(
-      bytes.data(), bytes.size(), pugi::parse_default | pugi::parse_ws_pcdata_single);
+  const pugi::xml_parse_result parsed =
+      document.load_buffer(bytes.data(), bytes.size(), pugi::parse_default | pugi::parse_ws_pcdata);
   const LineIndex lines(bytes);
   if (!parsed) {
     findings.push_back(Failed(FindingKind::Malformed, lines.LineOf(parsed.offset),
