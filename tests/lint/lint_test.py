@@ -17,6 +17,8 @@ class IncludeLint(unittest.TestCase):
         self.write("cards/CMakeLists.txt",
                    "quib_add_logic(cards\n  SOURCES Stack.cpp\n  USES base)\n"
                    "quib_add_windows(SOURCES frmLoad.cpp)\n")
+        self.write("convert/CMakeLists.txt",
+                   "quib_add_logic(convert\n  SOURCES Deck.cpp\n  USES base\n  LIBRARIES fmt::fmt)\n")
         self.write("cards/frmLoad.cpp", '#include "cards/frmLoad.h"\n#include <QWidget>\n')
         self.write("cards/frmLoad.h", "#include <QWidget>\n")
         self.write("base/Text.cpp", "")
@@ -30,7 +32,8 @@ class IncludeLint(unittest.TestCase):
         path.write_text(text, encoding="utf-8")
 
     def complaints(self):
-        return [*includes.wrong_arrows(self.root), *includes.header_circles(self.root)]
+        return [*includes.wrong_arrows(self.root), *includes.toolkit_in_programs(self.root),
+                *includes.header_circles(self.root)]
 
     def test_downward_includes_pass(self):
         self.write("cards/Stack.cpp", '#include "base/Text.h"\n#include <vector>\n')
@@ -47,6 +50,28 @@ class IncludeLint(unittest.TestCase):
     def test_a_window_in_logic_is_found(self):
         self.write("cards/Stack.cpp", '#include "cards/frmLoad.h"\n')
         self.assertIn("cards/Stack.cpp: logic includes the window cards/frmLoad.h",
+                      self.complaints())
+
+    def test_libraries_that_are_named_pass(self):
+        self.write("convert/Deck.cpp", '#include "base/Text.h"\n#include <fmt/format.h>\n')
+        self.assertEqual(self.complaints(), [])
+
+    def test_a_library_that_is_not_named_is_found(self):
+        self.write("convert/Deck.cpp", "#include <pugixml.hpp>\n")
+        self.write("base/Text.cpp", "#include <fmt/format.h>\n")
+        self.assertIn("convert/Deck.cpp: convert does not name pugixml::pugixml", self.complaints())
+        self.assertIn("base/Text.cpp: base does not name fmt::fmt", self.complaints())
+
+    def test_the_toolkit_in_a_folder_without_windows_is_found(self):
+        self.write("convert/main.cpp", "#include <QString>\n")
+        self.assertIn("convert/main.cpp: includes QString in a folder without windows", self.complaints())
+        self.write("convert/main.cpp", '#include "cards/frmLoad.h"\n')
+        self.assertIn("convert/main.cpp: includes cards/frmLoad.h in a folder without windows",
+                      self.complaints())
+
+    def test_a_toolkit_linked_to_a_folder_without_windows_is_found(self):
+        self.write("convert/CMakeLists.txt", "target_link_libraries(quibconv PRIVATE Qt6::Core)\n")
+        self.assertIn("convert/CMakeLists.txt: links the toolkit in a folder without windows",
                       self.complaints())
 
     def test_a_circle_of_headers_is_found(self):
