@@ -40,7 +40,8 @@ using SideListener = std::function<void(const SideRead&)>;
 FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
                          TextView fileName, ReadMode mode, const TopicCheck& check);
 
-/// The same for a file whose content is at hand: it ends as if it had been read under `fileName`.
+/// The same for a file whose content is at hand: it ends as if it had been read under `fileName`,
+/// but for the stack's Origin, which stays empty.
 /// @param listener  may be empty
 FileStatus ReadStackContent(StackStore& stacks, Prompts& prompts, std::string_view content,
                             TextView folder, TextView fileName, ReadMode mode,

@@ -178,6 +178,9 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
                              "quotes are not used as in a table; they stay in the texts"));
   }
   TakeDeckOfRows(rows, header, findings);
+  if (header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
+    findings.push_back(Remarked(0, "note types and identifiers are Anki's own and stay behind"));
+  }
   NameDeck(header, deck);
   if (!header.tags.empty()) {
     findings.push_back(

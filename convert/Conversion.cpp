@@ -154,10 +154,6 @@ bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
   return true;
 }
 
-bool Exists(Files& files, const Text& path) {
-  return files.Exists(path) || files.FolderExists(path);
-}
-
 void CopyMedia(Files& files, const MediaCopy& copy, bool force, Findings& findings) {
   const auto fail = [&](FindingKind kind, std::string_view why) {
     findings.push_back(
@@ -218,7 +214,7 @@ bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, co
 bool WriteConversion(Files& files, Conversion& conversion, bool force) {
   std::vector<std::unique_ptr<FileReplacement>> replacements;
   for (const OutputFile& output : conversion.outputs) {
-    if (!force && Exists(files, output.path)) {
+    if (!force && files.Exists(output.path)) {
       return Fail(conversion, FindingKind::Unreadable,
                   fmt::format("{} exists (--force replaces it)", Quoted(output.path)));
     }

@@ -16,6 +16,8 @@ namespace {
 constexpr const char* DocumentType =
     "kvtml PUBLIC \"kvtml2.dtd\" \"http://edu.kde.org/kvtml/kvtml2.dtd\"";
 
+constexpr TextView OurName = u"quibconv ";
+
 /// Line numbers of places in a text, asked for in any order.
 class LineIndex {
  public:
@@ -94,7 +96,10 @@ class Reader {
         m_deck.description = TrimBlanks(TextOf(item));
       } else if (name == "category") {
         m_deck.topic = TrimBlanks(TextOf(item));
-      } else if (name != "generator" && name != "date" && !TextOf(item).empty()) {
+      } else if (name == "generator" || name == "date") {
+        m_ofProgram.push_back(m_lines.LineOf(item));
+        if (TextOf(item).starts_with(OurName)) m_ofProgram.pop_back();
+      } else if (!TextOf(item).empty()) {
         Lose(fmt::format("the {}", item.name()), item);
       }
     }
@@ -198,6 +203,10 @@ class Reader {
   }
 
   void ListLosses() {
+    if (!m_ofProgram.empty()) {
+      m_findings.push_back(
+          Remarked(m_ofProgram.front(), "which program made the file, and when, stays behind"));
+    }
     for (const auto& [what, lost] : m_lost) {
       m_findings.push_back(Found(
           FindingKind::LostField, lost.line,
@@ -221,6 +230,7 @@ class Reader {
   std::string m_frontId;
   std::string m_backId;
   std::string m_lessons;
+  std::vector<int> m_ofProgram;  // lines that say who made the file
   std::map<std::string, Lost> m_lost;
 };
 
@@ -288,7 +298,7 @@ std::string WriteKvtml(const Deck& deck) {
   root.append_attribute("version").set_value("2.0");
 
   pugi::xml_node information = root.append_child("information");
-  AddElement(information, "generator", Text(u"quibconv ").append(ProgramVersion));
+  AddElement(information, "generator", Text(OurName).append(ProgramVersion));
   AddElement(information, "title", deck.description);
   if (!deck.topic.empty()) AddElement(information, "category", deck.topic);
 

@@ -213,7 +213,7 @@ bool ReadNativeDeck(std::string_view bytes, TextView fileName, Deck& deck, Findi
 std::string WriteNativeStack(const Deck& deck, Findings& findings) {
   const Deck prepared = Preparation(deck, findings).Run();
   std::string bytes;
-  StackFile file(std::make_unique<CapturedContent>(bytes));
+  StackFile file(std::make_unique<CapturedContent>(bytes), {});
   file.WriteHeader(prepared.topic, prepared.description);
   FileStatus status = FileStatus::Ok;
   for (const DeckCard& card : prepared.cards) {
@@ -223,7 +223,8 @@ std::string WriteNativeStack(const Deck& deck, Findings& findings) {
       if (status == FileStatus::Ok) status = file.WriteSide(text, side.sound, side.picture);
     }
   }
-  if (status == FileStatus::Ok) status = file.Close();
+  StackOrigin nowhere;
+  if (status == FileStatus::Ok) status = file.Close(nowhere);
   if (status != FileStatus::Ok) {
     findings.push_back(Failed(FindingKind::Unreadable, 0, ToUtf8(ErrorText(status))));
     return {};

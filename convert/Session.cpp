@@ -2,6 +2,7 @@
 
 #include "base/CodePage.h"
 #include "base/Paths.h"
+#include "base/SystemFile.h"
 #include "convert/Check.h"
 #include "convert/Conversion.h"
 #include "convert/Report.h"
@@ -16,11 +17,11 @@ ReportLimits LimitsOf(const Request& request) { return {.perKind = request.all ?
 
 /// The files that the arguments name, with those in folders; a folder that cannot be listed becomes
 /// a report of its own.
-std::vector<Text> FilesOf(const Request& request, Files& files, std::vector<FileReport>& troubles) {
+std::vector<Text> FilesOf(const Request& request, std::vector<FileReport>& troubles) {
   std::vector<Text> paths;
   for (const std::string& argument : request.files) {
     const Text path = DecodePath(argument);
-    if (!files.FolderExists(path)) {
+    if (!IsFolder(argument)) {
       paths.push_back(path);
       continue;
     }
@@ -71,7 +72,7 @@ int RunCheck(const Request& request, Surroundings& around) {
   }
   MediaFolders folders(around.files);
   std::vector<FileReport> reports;
-  const std::vector<Text> paths = FilesOf(request, around.files, reports);
+  const std::vector<Text> paths = FilesOf(request, reports);
   CheckSummary summary;
   const auto take = [&](const FileReport& report) {
     summary.Add(report);
@@ -96,7 +97,7 @@ int RunCheck(const Request& request, Surroundings& around) {
 int RunInfo(const Request& request, Surroundings& around) {
   const CheckOptions options{nullptr, request.options.read, request.options.from};
   std::vector<FileReport> reports;
-  const std::vector<Text> paths = FilesOf(request, around.files, reports);
+  const std::vector<Text> paths = FilesOf(request, reports);
   for (const Text& path : paths) {
     Deck deck;
     reports.push_back(DescribeFile(around.files, path, options, deck));

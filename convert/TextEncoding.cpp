@@ -106,6 +106,12 @@ int LineOf(std::string_view text, std::size_t at) {
 bool DecodeForeignText(std::string_view bytes, std::string_view encoding, Text& text,
                        std::string& used, Findings& findings) {
   used = encoding.empty() ? GuessEncoding(bytes, findings) : std::string(encoding);
+  const bool isUtf8 = EqualNames(used, DefaultEncoding) || EqualNames(used, MarkedUtf8Name);
+  if (isUtf8 && ValidUtf8Length(bytes) == bytes.size()) {
+    if (bytes.starts_with(Utf8Mark)) bytes.remove_prefix(Utf8Mark.size());
+    text = FromUtf8(bytes);
+    return true;
+  }
   Converter converter("UTF-8", SystemName(used));
   if (!converter.IsOpen()) {
     findings.push_back(

@@ -52,9 +52,10 @@ TEST(ReadAnkiText, ColumnsThatAreNoFieldsAreSkipped) {
   EXPECT_EQ(result.Front(1), u"<b>");
   EXPECT_EQ(result.deck.topic, u"A");
   EXPECT_EQ(result.deck.description, u"B");
-  ASSERT_EQ(result.findings.size(), 2U);  // a second deck, and tags
+  ASSERT_EQ(result.findings.size(), 3U);  // a second deck, Anki's own, and tags
   EXPECT_EQ(result.findings[0].line, 8);
-  EXPECT_EQ(result.findings[1].kind, FindingKind::LostField);
+  EXPECT_EQ(result.findings[1].severity, Severity::Remark);
+  EXPECT_EQ(result.findings[2].kind, FindingKind::LostField);
 }
 
 TEST(ReadAnkiText, NamedColumnsFindTheirPlace) {

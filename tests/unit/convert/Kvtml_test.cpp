@@ -71,7 +71,8 @@ TEST(ReadKvtml, TitleAndCategoryAreDescriptionAndTopic) {
   EXPECT_EQ(result.deck.description, u"Animals");
   EXPECT_EQ(result.deck.topic, u"Spanish");
   EXPECT_TRUE(result.Mentions("the author"));
-  EXPECT_EQ(result.findings.size(), 1U);
+  EXPECT_TRUE(result.Mentions("which program made the file"));
+  EXPECT_EQ(result.findings.size(), 2U);
 }
 
 TEST(ReadKvtml, LessonsAreListed) {
