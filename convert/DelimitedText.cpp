@@ -78,6 +78,8 @@ std::string_view FirstPiece(std::string_view text) {
 bool NeedsQuotes(TextView field, char separator) {
   if (field.empty()) return false;
   if (field.front() == u' ' || field.back() == u' ' || field.front() == u'#') return true;
+  // A line of this and one separator would say what parts the fields.
+  if (field.starts_with(u"sep=")) return true;
   if (field.find_first_of(u"\"\r\n") != TextView::npos || field.find(u'\0') != TextView::npos) {
     return true;
   }

@@ -125,4 +125,11 @@ TEST(WriteWordTable, AFirstCardThatLooksLikeAHeadingGetsOneBeforeIt) {
   EXPECT_EQ(WriteWordTable(deck, ',', Heading::Guess), u"Front,Back\r\nQuestion,Answer\r\n");
 }
 
+TEST(WriteWordTable, ACardThatLooksLikeASeparatorLineStaysACard) {
+  Deck deck;
+  deck.cards.resize(1);
+  deck.cards[0].sides[0].text = u"sep=";
+  EXPECT_EQ(Read(WriteWordTable(deck, ',', Heading::Guess), Guessing()).deck.cards.size(), 1U);
+}
+
 }  // namespace
