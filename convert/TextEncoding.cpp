@@ -138,9 +138,12 @@ bool DecodeForeignText(std::string_view bytes, std::string_view encoding, Text& 
 }
 
 bool EncodeForeignText(TextView text, std::string_view encoding, std::string& bytes) {
-  const std::string utf8 = ToUtf8(text);
-  if (EqualNames(encoding, DefaultEncoding) || EqualNames(encoding, MarkedUtf8Name)) {
-    bytes = EqualNames(encoding, MarkedUtf8Name) ? std::string(Utf8Mark) + utf8 : utf8;
+  const bool marked = EqualNames(encoding, MarkedUtf8Name);
+  // Who reads the file takes a mark at its start away; one that is text needs another before it.
+  const std::string mark(marked || text.starts_with(u'\uFEFF') ? Utf8Mark : std::string_view());
+  const std::string utf8 = mark + ToUtf8(text);
+  if (marked || EqualNames(encoding, DefaultEncoding)) {
+    bytes = utf8;
     return true;
   }
   Converter converter(SystemName(encoding), "UTF-8");

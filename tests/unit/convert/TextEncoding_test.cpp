@@ -81,6 +81,14 @@ TEST(EncodeForeignText, LongTextsGoThroughInPieces) {
   EXPECT_EQ(Decode(bytes, "koi8-r").text, text);
 }
 
+TEST(EncodeForeignText, AMarkThatIsTextStaysText) {
+  for (const char* const encoding : {"utf-8", "utf-8-bom", "utf-16", "utf-16le"}) {
+    std::string bytes;
+    ASSERT_TRUE(EncodeForeignText(u"\uFEFFa", encoding, bytes));
+    EXPECT_EQ(Decode(bytes, encoding).text, u"\uFEFFa") << encoding;
+  }
+}
+
 TEST(IsKnownEncoding, KnowsOurOwnName) {
   EXPECT_TRUE(IsKnownEncoding("utf-8-bom"));
   EXPECT_TRUE(IsKnownEncoding("shift_jis"));
