@@ -6,6 +6,7 @@
 #include "tests/fuzz/Require.h"
 #include "tests/support/MemoryFiles.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <map>
@@ -63,11 +64,12 @@ void CheckText(const Text& content) {
   const Text written = profile.Content();
   REQUIRE(ProfileText(written).Content() == written);
   REQUIRE(ValuesOf(ProfileText(written)) == ValuesOf(profile));
-  for (const auto& [section, key] : {Place(u"TOPICS", u"3"), Place(u"General", u"KEYS"),
-                                     Place(u"Spanish", u"FRONTFONT"), Place(u"x y", u"BACKSIZE")}) {
-    RequireSetValueTouchesOneValue(content, section, key);
-    RequireRemovalTouchesOneSection(content, section, key);
-  }
+  // One place for each file, in turn with its length: all four would take most of the time.
+  const std::array places = {Place(u"TOPICS", u"3"), Place(u"General", u"KEYS"),
+                             Place(u"Spanish", u"FRONTFONT"), Place(u"x y", u"BACKSIZE")};
+  const auto& [section, key] = places.at(content.size() % places.size());
+  RequireSetValueTouchesOneValue(content, section, key);
+  RequireRemovalTouchesOneSection(content, section, key);
 }
 
 void RequireTopicList(const TopicList& topics) {
@@ -103,6 +105,8 @@ void CheckProgramRun(const std::string& bytes) {
 
   TopicSettings settings;
   for (int i = -1; i <= MaxTopics + 1; ++i) {
+    const bool missing = i > 0 && i <= MaxTopics && !topics.IsTopic(i);
+    if (missing && i != MaxTopics) continue;  // one of those is enough
     SelectTopic(topics, settings, profile, i);
     RequireUsableSettings(settings);
     const TopicFonts fonts = settings.Fonts;
