@@ -22,6 +22,12 @@ Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* o
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 
+// The controls go after this, and one that has the focus loses it on the way; what it would tell is
+// meant for a window that is no more.
+Form::~Form() {
+  for (QObject* const control : findChildren<QObject*>()) control->disconnect(this);
+}
+
 void Form::TameControl(QWidget* control) {
   if (auto* const button = qobject_cast<QPushButton*>(control)) button->setAutoDefault(false);
   if (qobject_cast<QAbstractButton*>(control) != nullptr) control->installEventFilter(this);

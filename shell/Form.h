@@ -24,6 +24,8 @@ class Form : public QDialog {
   Q_OBJECT
 
  public:
+  ~Form() override;
+
   /// Shows the window and returns when it is closed.
   void ShowModal();
 
