@@ -78,8 +78,19 @@ bool CanBeUsed(const QWidget& widget) { return widget.isVisible() && widget.isEn
 
 }  // namespace
 
+bool Hands::IsBlocked(const QWidget& window) {
+  const QWidget* const modal = QApplication::activeModalWidget();
+  if (modal == nullptr || window.objectName() == QLatin1String("frmHelp")) return false;
+  if (window.windowType() == Qt::Popup) return false;
+  for (const QWidget* part = &window; part != nullptr; part = part->parentWidget()) {
+    if (part == modal) return false;
+  }
+  return true;
+}
+
 void Hands::Act(QWidget& window) {
-  const int choice = m_dice.Below(100);
+  // What lies under a modal window is reached by the mouse alone, which the toolkit keeps off.
+  const int choice = m_dice.Below(IsBlocked(window) ? 34 : 100);
   if (choice < 34) return ClickSomewhere(window);
   if (choice < 50) return TypeKeys();
   if (choice < 60) return TypeText();

@@ -24,6 +24,9 @@ class Hands {
   /// Does one thing, chosen at random, to `window` or to what has the focus.
   void Act(QWidget& window);
 
+  /// True for a window under a modal one. The help viewer never is.
+  static bool IsBlocked(const QWidget& window);
+
   /// Closes a window as its title bar would.
   void Close(QWidget& window);
   void PressKey(int key, Qt::KeyboardModifiers modifiers, const QString& text);

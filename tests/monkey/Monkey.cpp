@@ -43,6 +43,7 @@ void Monkey::AskForNextStep() {
 
 void Monkey::Step() {
   ::alarm(Patience);
+  ActivateModal();
   Check();
   AskForNextStep();
   if (m_wayHome > 0 || m_isOver() || (m_journal.Steps() + 1) % StepsBetweenWaysHome == 0) {
@@ -52,6 +53,16 @@ void Monkey::Step() {
   if (window == nullptr) return m_journal.BeginStep(QStringLiteral("none"));
   m_journal.BeginStep(KindOf(*window));
   m_hands.Act(*window);
+}
+
+/// A window manager gives a modal window the focus, also when a list that was open over it goes;
+/// the platform without a display falls back to whichever window came first.
+void Monkey::ActivateModal() {
+  QWidget* const modal = QApplication::activeModalWidget();
+  if (modal == nullptr || QApplication::activePopupWidget() != nullptr) return;
+  const QWidget* const active = QApplication::activeWindow();
+  const bool inHelp = active != nullptr && active->objectName() == QLatin1String("frmHelp");
+  if (active != modal && !inHelp) modal->activateWindow();
 }
 
 void Monkey::Check() {

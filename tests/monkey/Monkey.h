@@ -23,6 +23,7 @@ class Monkey : public QObject {
   void AskForNextStep();
   void Step();
   void GoHome();
+  static void ActivateModal();
   void DismissTop(QWidget& modal);
   void Check();
   QWidget* ChooseWindow();

@@ -37,8 +37,10 @@ Journal* journal = nullptr;  // for what calls back without a place for it
 /// What the platform says without the program's doing.
 bool IsAllowed(const QString& message) {
   // The toolkit's own file dialog, which renames files without asking anybody.
-  const QLatin1String rename("QAbstractItemView::commitData called with an editor");
+  const QLatin1String rename("QAbstractItemView::");
   if (message.startsWith(rename)) return true;
+  // The toolkit's page view remembers where a word was chosen on a page that is gone.
+  if (message.startsWith(QLatin1String("QTextCursor::setPosition: Position"))) return true;
   // The platform without a display says so to every window.
   return message == QLatin1String("This plugin does not support propagateSizeHints()") ||
          message == QLatin1String("This plugin does not support raise()") ||
