@@ -2,9 +2,12 @@
 
 #include "base/QtText.h"
 
+#include <QHelpContentModel>
 #include <QHelpEngine>
+#include <QHelpIndexModel>
 #include <QHelpLink>
 #include <QTextDocument>
+#include <QThread>
 
 HelpBook::HelpBook(const QString& helpFile) {
   const QString collection = m_folder.filePath(QStringLiteral("help.qhc"));
@@ -20,7 +23,14 @@ HelpBook::HelpBook(const QString& helpFile) {
   m_open = m_engine->setupData() && m_open;
 }
 
-HelpBook::~HelpBook() = default;
+HelpBook::~HelpBook() {
+  // Two threads of the engine read the contents and the index. If it went while they do, they would
+  // be broken off, and Qt 6.4 then frees what is not theirs. They take some milliseconds.
+  while (m_engine->contentModel()->isCreatingContents() ||
+         m_engine->indexModel()->isCreatingIndex()) {
+    QThread::msleep(1);
+  }
+}
 
 QUrl HelpBook::PageOf(HelpContext context) const {
   const QString number = QString::number(static_cast<int>(context));

@@ -7,16 +7,21 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHelpContentModel>
+#include <QHelpEngine>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTextBrowser>
+#include <QThread>
 #include <QTreeView>
 #include <QWindow>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -328,6 +333,29 @@ TEST_F(DesktopHelpTest, LeavesNothingBesideTheHelpFile) {
     EXPECT_NE(service.Viewer(), nullptr);
   }
   EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("quib.HLP")});
+}
+
+// Breaking off a thread of the toolkit's that reads the file damaged the memory now and then.
+TEST(HelpBook, LetsThoseWhoReadTheFileFinish) {
+  auto book = std::make_unique<HelpBook>(BuiltHelpFile());
+  const QHelpContentModel& contents = *book->Engine().contentModel();
+  bool started = false;
+  QObject::connect(&contents, &QHelpContentModel::contentsCreationStarted, [&] { started = true; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return started; }));
+  std::vector<QPointer<QThread>> readers;
+  const QObject* const engine = static_cast<const QObject&>(contents).parent();
+  for (QThread* const reader : engine->findChildren<QThread*>()) readers.emplace_back(reader);
+  ASSERT_FALSE(readers.empty());
+  const auto running = [&] {
+    return std::count_if(readers.begin(), readers.end(), [](const auto& reader) {
+      return reader != nullptr && reader->isRunning();
+    });
+  };
+  std::ptrdiff_t brokenOff = -1;
+  // The model goes before the threads that fill it.
+  QObject::connect(&contents, &QObject::destroyed, [&] { brokenOff = running(); });
+  book.reset();
+  EXPECT_EQ(brokenOff, 0);
 }
 
 TEST(HelpFilePlaces, AreBesideTheProgramAndInItsData) {
