@@ -17,10 +17,7 @@ constexpr TextView CurrentFolder = u"/work";
 void RequireUsable(const CommandLineStack& stack) {
   REQUIRE(!stack.folder.empty());
   REQUIRE(IsSeparator(stack.folder.front()));
-  if (stack.fileName.empty()) {
-    REQUIRE(stack.folder == DefaultFolder);
-    return;
-  }
+  if (stack.fileName.empty()) return;  // nothing is named, or a folder alone
   REQUIRE(stack.fileName.find(u'.') != Text::npos);
   REQUIRE(std::none_of(stack.fileName.begin(), stack.fileName.end(), IsSeparator));
 }
