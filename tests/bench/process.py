@@ -45,7 +45,7 @@ def start(desktop, *arguments):
     desktop.start(*arguments)
     splash = mappings.next() - began
     main = mappings.next() - began - SPLASH_WAIT
-    desktop.wait_until(lambda: len(desktop.windows(MAIN)) == 1, "the end of the splash")
+    desktop.wait_until(lambda: len(desktop.windows(MAIN)) == 2, "the main window over the splash")
     desktop.activate(MAIN)
     return splash, main
 
