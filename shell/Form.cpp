@@ -1,7 +1,6 @@
 #include "shell/Form.h"
 
 #include "base/QtText.h"
-#include "shell/Icons.h"
 #include "shell/Pointer.h"
 
 #include <QAbstractButton>
@@ -18,7 +17,6 @@
 Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* owner)
     : QDialog(owner), m_shared(shared), m_platform(platform) {
   setObjectName(QLatin1String(name));
-  setWindowIcon(ProgramIcon());
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
 }
 

@@ -4,6 +4,7 @@
 #include "base/QtText.h"
 #include "base/Version.h"
 #include "shell/AccessibleOptions.h"
+#include "shell/Icons.h"
 #include "shell/Pointer.h"
 #include "shell/ProgramStyle.h"
 
@@ -12,6 +13,8 @@ ProgramApplication::ProgramApplication(int& argc, char** argv) : QApplication(ar
   setApplicationDisplayName(QString());  // titles stand exactly as the windows give them
   setApplicationVersion(ToQString(ProgramVersion));
   setDesktopFileName(QStringLiteral("quibcards"));
+  // Once for all windows: the pictures that a window's own icon is drawn into would stay behind it.
+  setWindowIcon(ProgramIcon());
   // A desktop with a style of its own keeps it.
   if (style()->name() == QLatin1String("fusion")) setStyle(new ProgramStyle);
   InstallAccessibleOptions();

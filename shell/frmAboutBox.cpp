@@ -2,8 +2,8 @@
 
 #include "base/QtText.h"
 #include "base/Version.h"
-#include "shell/Icons.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -19,7 +19,7 @@ frmAboutBox::frmAboutBox(SharedState& shared, Platform& platform, QWidget* owner
   setWindowTitle(QStringLiteral("About ") + ToQString(ProgramName));
   auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
   imgIcon->setAccessibleName(ToQString(ProgramName));
-  imgIcon->setPixmap(ProgramIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
+  imgIcon->setPixmap(QApplication::windowIcon().pixmap(QSize(64, 64), devicePixelRatioF()));
   QFont large = lblTitle->font();
   large.setPointSizeF(large.pointSizeF() * 1.6);
   large.setBold(true);

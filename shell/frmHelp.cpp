@@ -3,7 +3,6 @@
 #include "base/QtText.h"
 #include "base/Version.h"
 #include "shell/HelpBook.h"
-#include "shell/Icons.h"
 
 #include <QAction>
 #include <QApplication>
@@ -92,7 +91,6 @@ frmHelp::frmHelp(HelpBook& book)
       lstFound(new QListWidget(this)),
       txtPage(new PageBrowser(book, this)) {
   setObjectName(QStringLiteral("frmHelp"));
-  setWindowIcon(ProgramIcon());
   setAttribute(Qt::WA_QuitOnClose, false);
   txtPage->setObjectName(QStringLiteral("txtPage"));
   txtPage->setAccessibleName(QStringLiteral("Help page"));

@@ -2,7 +2,6 @@
 
 #include "base/QtText.h"
 #include "base/Version.h"
-#include "shell/Icons.h"
 #include "shell/Pointer.h"
 #include "shell/frmMain.h"
 
@@ -23,7 +22,7 @@ frmStartup::frmStartup(SharedState& shared, Platform& platform)
   setWindowTitle(ToQString(ProgramTitle));
   auto* const imgIcon = Add<QLabel>(QStringLiteral("imgIcon"));
   imgIcon->setAccessibleName(ToQString(ProgramName));
-  imgIcon->setPixmap(ProgramIcon().pixmap(QSize(128, 128), devicePixelRatioF()));
+  imgIcon->setPixmap(QApplication::windowIcon().pixmap(QSize(128, 128), devicePixelRatioF()));
   imgIcon->setAlignment(Qt::AlignCenter);
   QFont large = lblTitle->font();
   large.setPointSizeF(large.pointSizeF() * 2.2);

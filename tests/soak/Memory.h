@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QPixmapCache>
-
 #include <cstddef>
 #include <cstdio>
 #include <fstream>
@@ -28,9 +26,7 @@ inline std::size_t ValueOf(const char* file, const std::string& name) {
   return 0;
 }
 
-/// Without the toolkit's store of pixmaps: it keeps the drawings of icons, at most 10 MiB of them.
 inline Memory MemoryNow() {
-  QPixmapCache::clear();
   Memory memory;
   if (__sanitizer_get_current_allocated_bytes != nullptr) {
     memory.heap = __sanitizer_get_current_allocated_bytes();
