@@ -31,7 +31,7 @@ double Contrast(const QColor& one, const QColor& other) {
     return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) +
            0.0722 * part(colour.blueF());
   };
-  const auto [low, high] = std::minmax(luminance(one), luminance(other));
+  const auto [low, high] = std::minmax({luminance(one), luminance(other)});
   return (high + 0.05) / (low + 0.05);
 }
 
