@@ -4,7 +4,7 @@
 #include "authoring/frmDesc.h"
 #include "authoring/frmEdit.h"
 #include "authoring/frmFind.h"
-#include "base/DiskFiles.h"
+#include "base/CodePage.h"
 #include "base/QtText.h"
 #include "cards/StackFileOperations.h"
 #include "cards/frmLoad.h"
@@ -20,9 +20,7 @@
 #include "study/StudyWindows.h"
 #include "study/frmStepper.h"
 #include "study/frmTime.h"
-#include "tests/support/MemoryFiles.h"
-#include "tests/support/ScriptedRandom.h"
-#include "tests/support/SilentServices.h"
+#include "tests/support/QuietProgram.h"
 
 #include <QApplication>
 #include <QDir>
@@ -32,28 +30,14 @@
 namespace {
 
 /// The program with a stack of 300 cards loaded.
-struct World {
-  World() {
-    (void)settings.MakeFolder(u"/config");
-    InitSettings(profile);
-    LoadTopicList(shared.Topics, profile);
+struct World : QuietProgram {
+  World() : QuietProgram(Answer::No) {
     const Text samples = FromUtf8(QUIB_SOURCE_DIR "/samples/");
     shared.Switches.DefaultFolder = samples;
     const FileStatus status = LoadStack(shared.Stacks, files, prompts, samples,
                                         u"spanish-300-words.QBC", [](const Text&) { return 0; });
     if (status != FileStatus::Ok) std::abort();
-    SelectTopic(shared.Topics, shared.Topic, profile, 0);
   }
-
-  AnsweringPrompts prompts{Answer::No};
-  MemoryFiles settings;
-  DiskFiles files{ToText(QDir::tempPath())};
-  ProfileFile profile{settings, u"/config/QUIBCRDS.INI"};
-  SilentHelp help;
-  SilentSound sound;
-  SharedState shared;
-  Platform platform{prompts, files, profile,
-                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
 };
 
 void Paint(QWidget& window) {

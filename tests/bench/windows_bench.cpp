@@ -1,12 +1,9 @@
-#include "base/DiskFiles.h"
 #include "base/QtText.h"
 #include "settings/DisplayFont.h"
 #include "shell/ProgramApplication.h"
 #include "study/StudyWindows.h"
 #include "study/frmStepper.h"
-#include "tests/support/MemoryFiles.h"
-#include "tests/support/ScriptedRandom.h"
-#include "tests/support/SilentServices.h"
+#include "tests/support/QuietProgram.h"
 
 #include <QApplication>
 #include <QDir>
@@ -23,9 +20,10 @@ namespace {
 
 /// A study window on a stack of 300 cards, each with a picture file of its own (all alike) or with
 /// none.
-class StudyBench {
+class StudyBench : QuietProgram {
  public:
-  explicit StudyBench(const QString& picture) {
+  // "Restart?" at the end of a pass
+  explicit StudyBench(const QString& picture) : QuietProgram(Answer::Yes) {
     CardStack& stack = shared.Stacks.Append();
     for (int card = 1; card <= MaxCards; ++card) {
       stack.SetSideText(card, Front, u"front " + NumberText(card));
@@ -60,14 +58,6 @@ class StudyBench {
   }
 
   QTemporaryDir folder;
-  AnsweringPrompts prompts{Answer::Yes};  // "Restart?" at the end of a pass
-  DiskFiles files{u""};
-  ProfileFile profile{files, u"none.INI"};
-  SilentHelp help;
-  SilentSound sound;
-  SharedState shared;
-  Platform platform{prompts, files, profile,
-                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
   StudyWindows windows{shared, platform};
   frmStepper* window = nullptr;
   QPushButton* next = nullptr;

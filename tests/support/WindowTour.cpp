@@ -56,20 +56,16 @@ void TypeAnswer(frmStepper& window, const QString& answer) {
 QDir WindowTour::SampleFolder() { return QDir(QStringLiteral(QUIB_SOURCE_DIR "/samples")); }
 
 WindowTour::WindowTour(Visit visit, const QDir& samples)
-    : m_visit(std::move(visit)),
-      m_samples(WithSeparator(ToText(samples.absolutePath()))),
-      m_files(ToText(QDir::tempPath())) {
-  (void)m_settings.MakeFolder(u"/config");
-  InitSettings(m_profile);
+    : m_visit(std::move(visit)), m_samples(WithSeparator(ToText(samples.absolutePath()))) {
   for (const auto& [number, name] :
        {std::pair<TextView, TextView>{u"1", u"Spanish"}, {u"2", u"French"}, {u"3", u"German"}}) {
-    m_profile.WriteString(TopicsSection, number, name);
+    m_program.profile.WriteString(TopicsSection, number, name);
   }
-  m_profile.WriteString(u"Spanish", u"FRONTFONT", u"DejaVu Serif");
-  m_profile.WriteString(u"Spanish", u"FRONTSIZE", u"14");
-  LoadTopicList(m_shared.Topics, m_profile);
+  m_program.profile.WriteString(u"Spanish", u"FRONTFONT", u"DejaVu Serif");
+  m_program.profile.WriteString(u"Spanish", u"FRONTSIZE", u"14");
+  LoadTopicList(m_shared.Topics, m_program.profile);
   m_shared.Switches.DefaultFolder = m_samples;
-  SelectTopic(m_shared.Topics, m_shared.Topic, m_profile, 0);
+  SelectTopic(m_shared.Topics, m_shared.Topic, m_program.profile, 0);
 }
 
 void WindowTour::Run() {
@@ -103,11 +99,14 @@ void WindowTour::Show(QWidget& window, const QString& name) {
 }
 
 void WindowTour::Load(TextView fileName) {
-  const FileStatus status = LoadStack(
-      m_shared.Stacks, m_files, m_prompts, m_samples, fileName,
-      [this](const Text& name) { return ResolveFileTopic(name, m_shared.Topics, m_prompts, {}); });
+  const FileStatus status =
+      LoadStack(m_shared.Stacks, m_program.files, m_program.prompts, m_samples, fileName,
+                [this](const Text& name) {
+                  return ResolveFileTopic(name, m_shared.Topics, m_program.prompts, {});
+                });
   if (status != FileStatus::Ok) throw std::runtime_error("cannot load a sample stack");
-  SelectTopic(m_shared.Topics, m_shared.Topic, m_profile, m_shared.Stacks.Current().TopicIndex);
+  SelectTopic(m_shared.Topics, m_shared.Topic, m_program.profile,
+              m_shared.Stacks.Current().TopicIndex);
 }
 
 void WindowTour::ShowShell() {

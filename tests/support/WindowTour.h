@@ -1,13 +1,7 @@
 #pragma once
 
-#include "base/DiskFiles.h"
-#include "settings/ProfileFile.h"
-#include "shell/Platform.h"
-#include "shell/SharedState.h"
 #include "study/StudyWindows.h"
-#include "tests/support/MemoryFiles.h"
-#include "tests/support/ScriptedRandom.h"
-#include "tests/support/SilentServices.h"
+#include "tests/support/QuietProgram.h"
 
 #include <QDir>
 #include <QString>
@@ -51,14 +45,8 @@ class WindowTour {
 
   Visit m_visit;
   const Text m_samples;
-  AnsweringPrompts m_prompts{Answer::No};  // to whatever a window asks when it goes
-  MemoryFiles m_settings;
-  DiskFiles m_files;
-  ProfileFile m_profile{m_settings, u"/config/QUIBCRDS.INI"};
-  SilentHelp m_help;
-  SilentSound m_sound;
-  SharedState m_shared;
-  Platform m_platform{m_prompts, m_files, m_profile,
-                      m_help,    m_sound, [] { return std::make_unique<SeededRandom>(1); }};
+  QuietProgram m_program{Answer::No};  // to whatever a window asks when it goes
+  SharedState& m_shared = m_program.shared;
+  Platform& m_platform = m_program.platform;
   StudyWindows m_studyWindows{m_shared, m_platform};
 };
