@@ -62,8 +62,8 @@ class frmStepper : public Form {
   void SetSideControls(bool enabled);
   /// Tells those who use a screen reader what has just changed.
   void Say(TextView words);
-  void ApplyFonts();
   /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
+  void ApplyFonts();
   /// Plays a card's sound unless sounds are off.
   /// @return false when this window was deleted meanwhile
   bool PlayCardSound(const Text& name);
