@@ -23,6 +23,13 @@ Text SettingsPath(Files& files) {
   return WithSeparator(folder).append(SettingsFileName);
 }
 
+/// The user's folder for what programs remember; this toolkit does not know it yet.
+Text StatePath() {
+  QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+  if (!QDir::isAbsolutePath(folder)) folder = QDir::homePath() + QStringLiteral("/.local/state");
+  return WithSeparator(ToText(folder)) + u"quibcards/state";
+}
+
 Text ProgramFolder() { return ToText(QCoreApplication::applicationDirPath()); }
 
 }  // namespace
@@ -31,8 +38,10 @@ DesktopServices::DesktopServices()
     : m_files(UserFolder(QStandardPaths::GenericDataLocation) + u"/rescue"),
       m_profile(m_files, SettingsPath(m_files)),
       m_help(m_prompts, HelpFilePlaces(ProgramFolder())),
+      m_state(m_files, StatePath()),
       platform{m_prompts, m_files, m_profile,
-               m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); }} {}
+               m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); },
+               m_state} {}
 
 Text DesktopServices::DefaultFolder() {
   const QDir program(QCoreApplication::applicationDirPath());

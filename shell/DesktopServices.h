@@ -25,6 +25,7 @@ class DesktopServices {
   ProfileFile m_profile;
   DesktopHelp m_help;
   DesktopSound m_sound;
+  RememberedState m_state;
 
  public:
   Platform platform;

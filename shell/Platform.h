@@ -4,6 +4,7 @@
 #include "base/Prompts.h"
 #include "settings/ProfileFile.h"
 #include "shell/HelpContexts.h"
+#include "shell/RememberedState.h"
 #include "study/RandomSource.h"
 #include "study/SoundPlayer.h"
 
@@ -18,4 +19,5 @@ struct Platform {
   HelpService& help;
   SoundPlayer& sound;
   std::function<std::unique_ptr<RandomSource>()> makeRandom;  ///< one for each study window
+  RememberedState& state;
 };

@@ -96,8 +96,8 @@ class Home {
     Write(QStringLiteral("new topic.QBC"), "Klingon\r\nx\r\nqa' \xFF.wav x.gif\r\nb  \r\n");
     Write(QStringLiteral("torn.gif"), "GIF89a\x01");
     Write(QStringLiteral("noise.wav"), QByteArray(4000, '\x5A'));
-    for (const char* const variable :
-         {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"}) {
+    for (const char* const variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
+                                       "XDG_STATE_HOME", "XDG_RUNTIME_DIR"}) {
       qputenv(variable, m_folder.path().toUtf8());
     }
     qputenv("TMPDIR", (m_folder.path() + QStringLiteral("/tmp")).toUtf8());
@@ -137,9 +137,13 @@ void RunProgram(const Home& home, Dice& dice, ProgramApplication& application,
   const Platform& desktop = services.platform;
   InstantSound sound;
   Platform platform{
-      desktop.prompts, desktop.files, desktop.profile, desktop.help, sound, [&dice] {
-        return std::make_unique<SeededRandom>(static_cast<unsigned>(dice.Below(1000)));
-      }};
+      desktop.prompts,
+      desktop.files,
+      desktop.profile,
+      desktop.help,
+      sound,
+      [&dice] { return std::make_unique<SeededRandom>(static_cast<unsigned>(dice.Below(1000))); },
+      desktop.state};
   FaultPrompts faults;
   application.SetPrompts(faults);
   SharedState shared;

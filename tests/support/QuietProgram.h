@@ -28,6 +28,8 @@ struct QuietProgram {
   SilentHelp help;
   SilentSound sound;
   SharedState shared;
+  RememberedState state{settings, u"/state/quibcards/state"};
   Platform platform{prompts, files, profile,
-                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
+                    help,    sound, [] { return std::make_unique<SeededRandom>(1); },
+                    state};
 };

@@ -57,6 +57,7 @@ class Desktop:
             HOME=str(self.home),
             XDG_CONFIG_HOME=str(self.home / "config"),
             XDG_DATA_HOME=str(self.home / "data"),
+            XDG_STATE_HOME=str(self.home / "state"),
             XDG_RUNTIME_DIR=str(self.home),
             QT_QPA_PLATFORM="xcb",
             QT_SCALE_FACTOR=str(scale),

@@ -46,6 +46,7 @@ class RecordingSound : public SoundPlayer {
 class WindowTest : public testing::Test {
  protected:
   static constexpr auto SettingsPath = u"/config/QUIBCRDS.INI";
+  static constexpr auto StatePath = u"/state/quibcards/state";
 
   WindowTest() {
     (void)files.MakeFolder(u"/config");
@@ -118,6 +119,8 @@ class WindowTest : public testing::Test {
   RecordingHelp help;
   RecordingSound sound;
   SharedState shared;
+  RememberedState state{files, StatePath};
   Platform platform{prompts, files, profile,
-                    help,    sound, [] { return std::make_unique<SeededRandom>(1); }};
+                    help,    sound, [] { return std::make_unique<SeededRandom>(1); },
+                    state};
 };
