@@ -3,15 +3,11 @@
 #include "base/QtText.h"
 
 #include <QMouseEvent>
-#include <QPainter>
 #include <QRegularExpression>
-#include <QStyle>
 
-RowLabel::RowLabel(QWidget* owner) : QLabel(owner) {
-  setTextFormat(Qt::PlainText);
+RowLabel::RowLabel(QWidget* owner) : ElidedLabel(Qt::ElideRight, owner) {
   setAutoFillBackground(true);
   setMargin(3);
-  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   SetHighlighted(false);
 }
 
@@ -31,16 +27,6 @@ void RowLabel::SetStruckOut(bool struckOut) {
 void RowLabel::SetHighlighted(bool highlighted) {
   setBackgroundRole(highlighted ? QPalette::Highlight : QPalette::Base);
   setForegroundRole(highlighted ? QPalette::HighlightedText : QPalette::Text);
-}
-
-void RowLabel::paintEvent(QPaintEvent*) {
-  constexpr int Visible = 1000;  // more characters than any window has room for
-  const QRect area = contentsRect().adjusted(margin(), 0, -margin(), 0);
-  const QString shown =
-      fontMetrics().elidedText(text().left(Visible), Qt::ElideRight, area.width());
-  QPainter painter(this);
-  style()->drawItemText(&painter, area, static_cast<int>(alignment()) | Qt::TextSingleLine,
-                        palette(), isEnabled(), shown, foregroundRole());
 }
 
 void RowLabel::mousePressEvent(QMouseEvent* event) {

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "base/ElidedLabel.h"
 #include "base/Text.h"
-
-#include <QLabel>
 
 /// One cell of the card list: a card's text on one line, with an ellipsis where it does not fit;
 /// struck out for a card marked for deletion, highlighted in the selected row.
-class RowLabel : public QLabel {
+class RowLabel : public ElidedLabel {
   Q_OBJECT
 
  public:
@@ -16,14 +15,11 @@ class RowLabel : public QLabel {
   void SetStruckOut(bool struckOut);
   void SetHighlighted(bool highlighted);
 
-  QSize minimumSizeHint() const override { return {40, QLabel::minimumSizeHint().height()}; }
-
  signals:
   void Clicked();
   void DoubleClicked();
 
  protected:
-  void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
 };

@@ -10,6 +10,12 @@ bool IsForeignByte(char16_t unit) {
   return unit >= ForeignByte + 0x80 && unit <= ForeignByte + 0xFF;
 }
 
+/// The marks that embed, override or isolate a direction of writing, and the ends of line and
+/// paragraph.
+bool DisturbsALine(char16_t unit) {
+  return (unit >= 0x2028 && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+}
+
 std::size_t FolderLength(TextView path) {
   std::size_t length = path.size();
   while (length > 0 && !IsSeparator(path[length - 1])) --length;
@@ -26,6 +32,28 @@ Text WithSeparator(TextView folder) {
   Text result(folder);
   if (!result.empty() && !IsSeparator(result.back())) result += u'/';
   return result;
+}
+
+bool LiesIn(TextView inner, TextView folder) {
+  const Text prefix = WithSeparator(folder);
+  return inner == folder || TextView(inner).starts_with(prefix);
+}
+
+Text ShownName(TextView name) {
+  constexpr char16_t FirstControlPicture = 0x2400;
+  constexpr char16_t DeletePicture = 0x2421;
+  constexpr char16_t Unknown = 0xFFFD;
+  Text shown(name);
+  for (char16_t& unit : shown) {
+    if (unit < 0x20) {
+      unit = static_cast<char16_t>(FirstControlPicture + unit);
+    } else if (unit == 0x7F) {
+      unit = DeletePicture;
+    } else if ((unit >= 0x80 && unit < 0xA0) || DisturbsALine(unit)) {
+      unit = Unknown;
+    }
+  }
+  return shown;
 }
 
 Text DecodePath(std::string_view bytes) {

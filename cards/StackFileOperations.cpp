@@ -79,7 +79,7 @@ FileStatus LoadStack(StackStore& stacks, Files& files, Prompts& prompts, TextVie
 
 FileStatus DeleteStack(Files& files, Prompts& prompts, TextView folder, TextView fileName) {
   const Text path = WithSeparator(folder).append(fileName);
-  const Answer answer = prompts.Show({.text = u"Delete " + path + u"\r\nAre you sure?",
+  const Answer answer = prompts.Show({.text = u"Delete " + ShownName(path) + u"\r\nAre you sure?",
                                       .icon = PromptIcon::Question,
                                       .buttons = PromptButtons::YesNo});
   return answer == Answer::Yes ? files.Remove(path) : FileStatus::Declined;

@@ -1,39 +1,33 @@
 #include "cards/frmLoad.h"
 
 #include "authoring/frmDesc.h"
+#include "base/ElidedLabel.h"
+#include "base/OneLine.h"
 #include "base/Paths.h"
 #include "base/QtText.h"
+#include "cards/NameList.h"
 #include "cards/StackFileOperations.h"
 #include "settings/frmConfig.h"
 #include "shell/Pointer.h"
+#include "shell/ProgramFolders.h"
 
 #include <QComboBox>
-#include <QCoreApplication>
 #include <QDir>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <QStorageInfo>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 constexpr TextView ParentFolder = u"..";
-
-/// The installed samples, or those of the source tree that the program was built in.
-QString SamplesFolder() {
-  const QDir program(QCoreApplication::applicationDirPath());
-  for (const char* const place : {"../share/quibcards/samples", "samples", "../samples",
-                                  "../../samples", "../../../samples"}) {
-    const QString path = QDir::cleanPath(program.filePath(QLatin1String(place)));
-    if (QDir(path).exists()) return path;
-  }
-  return {};
-}
 
 Text ParentOf(const Text& folder) {
   return ToText(QDir::cleanPath(ToQString(WithSeparator(folder)) + QStringLiteral("..")));
@@ -46,9 +40,9 @@ frmLoad::frmLoad(SharedState& shared, Platform& platform, QWidget* owner)
       m_mode(shared.Switches.FileDialogMode),
       lblFile(Add<QLabel>(QStringLiteral("lblFile"))),
       txtActFile(Add<QLineEdit>(QStringLiteral("txtActFile"))),
-      filStack(Add<QListWidget>(QStringLiteral("filStack"))),
-      lblFolder(Add<QLabel>(QStringLiteral("lblFolder"))),
-      dirDirectory(Add<QListWidget>(QStringLiteral("dirDirectory"))),
+      filStack(Add<NameList>(QStringLiteral("filStack"))),
+      lblFolder(Add<ElidedLabel>(QStringLiteral("lblFolder"), Qt::ElideLeft)),
+      dirDirectory(Add<NameList>(QStringLiteral("dirDirectory"))),
       drvDrives(Add<QComboBox>(QStringLiteral("drvDrives"))),
       cmdOK(Add<QPushButton>(QStringLiteral("cmdOK"), QStringLiteral("OK"))),
       cmdCancel(Add<QPushButton>(QStringLiteral("cmdCancel"), QStringLiteral("&Cancel"))),
@@ -57,10 +51,10 @@ frmLoad::frmLoad(SharedState& shared, Platform& platform, QWidget* owner)
   LayOut();
   AddHelp(AddMenuBar(), HelpContext::Load);
   connect(drvDrives, &QComboBox::activated, this, &frmLoad::drvDrives_Change);
-  connect(dirDirectory, &QListWidget::itemActivated, this, &frmLoad::dirDirectory_Open);
-  connect(filStack, &QListWidget::itemClicked, this, &frmLoad::filStack_Click);
-  connect(filStack, &QListWidget::currentItemChanged, this, &frmLoad::filStack_Click);
-  connect(filStack, &QListWidget::itemActivated, this, &frmLoad::cmdOK_Click);
+  connect(dirDirectory, &NameList::Confirmed, this, &frmLoad::dirDirectory_Open);
+  connect(filStack, &NameList::Chosen, this, &frmLoad::filStack_Click);
+  connect(filStack, &NameList::Confirmed, this, &frmLoad::filStack_DblClick);
+  KeepToOneLine(txtActFile);
   connect(txtActFile, &QLineEdit::textChanged, this, &frmLoad::txtActFile_Change);
   connect(cmdOK, &QPushButton::clicked, this, &frmLoad::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmLoad::cmdCancel_Click);
@@ -78,14 +72,13 @@ void frmLoad::LayOut() {
   lblDrives->setBuddy(drvDrives);
   filStack->setAccessibleName(QStringLiteral("Stack files"));
   dirDirectory->setAccessibleName(QStringLiteral("Folders"));
-  lblFolder->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   lblDesc->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   lblDesc->setMargin(4);
   lblDesc->setAccessibleDescription(QStringLiteral("Description of the chosen file"));
   lblDesc->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 
   // Both lists are equally wide, whatever stands around them.
-  for (QListWidget* const list : {filStack, dirDirectory}) {
+  for (NameList* const list : {filStack, dirDirectory}) {
     list->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding);
     list->setMinimumWidth(list->fontMetrics().averageCharWidth() * 28);
   }
@@ -126,14 +119,14 @@ void frmLoad::Form_Load() {
   setWindowTitle(ToQString(texts.caption));
   lblFile->setText(ToQString(texts.label));
   if (m_mode == FileDialogMode::SaveEdited) {
-    txtActFile->setText(ToQString(Text(TrimRight(m_shared.Stacks.Current().StackName)) + u".QBC"));
+    ShowName(Text(TrimRight(m_shared.Stacks.Current().StackName)) + u".QBC");
   }
   FillDrives();
   FolderContent content;
   const Text folder = ToText(QDir(ToQString(m_shared.Switches.DefaultFolder)).absolutePath());
   m_folder =
       m_platform.files.List(folder, content) == FileStatus::Ok ? folder : ToText(QDir::homePath());
-  OpenFolder(m_folder);
+  (void)OpenFolder(m_folder);
   txtActFile->setFocus();
 }
 
@@ -153,52 +146,81 @@ void frmLoad::FillDrives() {
                         path.startsWith(QStringLiteral("/mnt/"));
     if (medium && volume.isReady()) add(volume.displayName(), path);
   }
-  drvDrives->setCurrentIndex(-1);
   drvDrives->setPlaceholderText(QStringLiteral("Go to..."));
 }
 
-void frmLoad::OpenFolder(const Text& folder) {
+bool frmLoad::OpenFolder(const Text& folder) {
   FolderContent content;
   const FileStatus status = m_platform.files.List(folder, content);
   if (status != FileStatus::Ok) {
     m_platform.prompts.Show(FileErrorPrompt(status));
-    return;
+    ShowPlace();
+    return false;
   }
   m_folder = folder;
   FillLists(content);
+  ShowPlace();
+  return true;
+}
+
+void frmLoad::ShowPlace() {
+  int place = -1;
+  for (int i = 0; i < drvDrives->count(); ++i) {
+    const auto pathOf = [this](int index) { return ToText(drvDrives->itemData(index).toString()); };
+    const bool deeper = place < 0 || pathOf(i).size() > pathOf(place).size();
+    if (deeper && LiesIn(m_folder, pathOf(i))) place = i;
+  }
+  drvDrives->setCurrentIndex(place);
 }
 
 void frmLoad::FillLists(const FolderContent& content) {
-  lblFolder->setText(ToQString(m_folder));
-  lblFolder->setToolTip(ToQString(m_folder));
-  dirDirectory->clear();
-  if (m_folder != u"/") dirDirectory->addItem(ToQString(ParentFolder));
-  for (const Text& name : content.folders) dirDirectory->addItem(ToQString(name));
-  filStack->clear();
-  for (const Text& name : content.files) {
-    if (MatchesPattern(name, TextsOf(m_mode).pattern)) filStack->addItem(ToQString(name));
-  }
+  const Text shown = ShownName(m_folder);
+  lblFolder->setText(ToQString(shown));
+  lblFolder->setToolTip(PlainToolTip(shown));
+  std::vector<Text> folders;
+  if (m_folder != u"/") folders.emplace_back(ParentFolder);
+  folders.insert(folders.end(), content.folders.begin(), content.folders.end());
+  dirDirectory->SetNames(folders);
+  std::vector<Text> files;
+  const TextView pattern = TextsOf(m_mode).pattern;
+  std::copy_if(content.files.begin(), content.files.end(), std::back_inserter(files),
+               [&](const Text& name) { return MatchesPattern(name, pattern); });
+  filStack->SetNames(files);
 }
 
 void frmLoad::drvDrives_Change(int index) {
-  OpenFolder(ToText(drvDrives->itemData(index).toString()));
+  (void)OpenFolder(ToText(drvDrives->itemData(index).toString()));
 }
 
-void frmLoad::dirDirectory_Open(QListWidgetItem* item) {
-  const Text name = ToText(item->text());
-  OpenFolder(name == ParentFolder ? ParentOf(m_folder) : WithSeparator(m_folder) + name);
-  dirDirectory->setCurrentRow(0);
+void frmLoad::dirDirectory_Open(const Text& name) {
+  const bool up = name == ParentFolder;
+  const Text left(BaseName(m_folder));
+  if (!OpenFolder(up ? ParentOf(m_folder) : WithSeparator(m_folder) + name)) return;
+  dirDirectory->Choose(up ? left : Text(ParentFolder));
 }
 
-void frmLoad::filStack_Click(QListWidgetItem* item) {
-  if (item != nullptr) txtActFile->setText(item->text());
+void frmLoad::ShowName(const Text& name) {
+  m_shown = name;
+  txtActFile->setText(ToQString(ShownName(name)));
 }
 
-void frmLoad::txtActFile_Change() { lblDesc->clear(); }
+void frmLoad::filStack_Click(const Text& name) { ShowName(name); }
+
+void frmLoad::filStack_DblClick(const Text& name) {
+  ShowName(name);
+  cmdOK_Click();
+}
+
+void frmLoad::txtActFile_Change() {
+  lblDesc->clear();
+  // A row that stays marked beside another name would be what Enter in the list confirms.
+  if (ToText(txtActFile->text()) != ShownName(m_shown)) filStack->Unchoose();
+}
 
 Text frmLoad::ChosenFile() {
   const Text typed(FirstLine(ToText(txtActFile->text())));
-  const Text name(BaseName(typed));
+  // The name of a file that is there is taken as it is, whatever is in it.
+  const Text name = typed == ShownName(m_shown) ? m_shown : Text(TrimBlanks(BaseName(typed)));
   if (!IsRefusedFileName(name)) return name;
   txtActFile->setFocus();
   return {};

@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
@@ -42,10 +41,3 @@ DesktopServices::DesktopServices()
       platform{m_prompts, m_files, m_profile,
                m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); },
                m_state} {}
-
-Text DesktopServices::DefaultFolder() {
-  const QDir program(QCoreApplication::applicationDirPath());
-  const bool installed = program.exists(QStringLiteral("../share/quibcards"));
-  if (!installed && QFileInfo(program.path()).isWritable()) return ToText(program.path());
-  return ToText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
-}

@@ -14,11 +14,6 @@ class DesktopServices {
   DesktopServices(const DesktopServices&) = delete;
   DesktopServices& operator=(const DesktopServices&) = delete;
 
-  /// Where stack files are looked for first: the program's folder while it can be written to, else
-  /// the user's documents. An installed program shares its folder with others, which is no place
-  /// for stacks even where it can be written to: then it is the documents, too.
-  Text DefaultFolder();
-
  private:
   DesktopPrompts m_prompts;
   DiskFiles m_files;

@@ -99,8 +99,9 @@ void Form::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) button = m_cancelButton;
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     auto* const focused = qobject_cast<QPushButton*>(focusWidget());
-    const bool inList = qobject_cast<QAbstractItemView*>(focusWidget()) != nullptr;
-    if (!inList) button = focused != nullptr ? focused : m_okButton;  // a list has had its Enter
+    const auto* const list = qobject_cast<QAbstractItemView*>(focusWidget());
+    const bool ofARow = list != nullptr && list->currentIndex().isValid();
+    if (!ofARow) button = focused != nullptr ? focused : m_okButton;  // the row has had its Enter
   }
   if (button != nullptr && button->isEnabled()) button->click();
 }

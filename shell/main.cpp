@@ -3,6 +3,7 @@
 #include "shell/CommandLine.h"
 #include "shell/DesktopServices.h"
 #include "shell/ProgramApplication.h"
+#include "shell/ProgramFolders.h"
 #include "shell/frmStartup.h"
 
 #include <QApplication>
@@ -20,7 +21,7 @@ int main(int argc, char** argv) {
   DesktopServices services;
   application.SetPrompts(services.platform.prompts);
   SharedState shared;
-  shared.Switches.DefaultFolder = services.DefaultFolder();
+  shared.Switches.DefaultFolder = FirstFolder();
   frmStartup splash(shared, services.platform);
   splash.Run(JoinArguments(arguments), frmStartup::WaitTime);
   return QApplication::exec();

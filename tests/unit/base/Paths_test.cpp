@@ -65,4 +65,19 @@ TEST(EncodePath, KeepsCharactersWhoseSecondUnitLooksLikeAStrayByte) {
   EXPECT_EQ(EncodePath(u"\U0001F480"), "\xF0\x9F\x92\x80");
 }
 
+TEST(LiesIn, TakesWholeNamesOnly) {
+  EXPECT_TRUE(LiesIn(u"/home/a", u"/home/a"));
+  EXPECT_TRUE(LiesIn(u"/home/a/b/c", u"/home/a"));
+  EXPECT_TRUE(LiesIn(u"/home/a", u"/"));
+  EXPECT_TRUE(LiesIn(u"/", u"/"));
+  EXPECT_FALSE(LiesIn(u"/home/ab", u"/home/a"));
+  EXPECT_FALSE(LiesIn(u"/home", u"/home/a"));
+}
+
+TEST(ShownName, IsOneLineThatCanBeSeen) {
+  EXPECT_EQ(ShownName(u"R&D <b>x</b> \u00E4.QBC"), u"R&D <b>x</b> \u00E4.QBC");
+  EXPECT_EQ(ShownName(u"a\r\nb\tc\x7F"), u"a\u240D\u240Ab\u2409c\u2421");
+  EXPECT_EQ(ShownName(u"\u0085\u2028\u202Egpj.exe\u2067"), u"\uFFFD\uFFFD\uFFFDgpj.exe\uFFFD");
+}
+
 }  // namespace
