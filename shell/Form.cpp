@@ -1,6 +1,7 @@
 #include "shell/Form.h"
 
 #include "base/QtText.h"
+#include "shell/FitScreen.h"
 #include "shell/Pointer.h"
 
 #include <QAbstractButton>
@@ -12,7 +13,6 @@
 #include <QLayout>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QScreen>
 
 Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* owner)
     : QDialog(owner), m_shared(shared), m_platform(platform) {
@@ -110,9 +110,14 @@ void Form::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (m_centred) return;
   m_centred = true;
-  const QRect area = screen()->availableGeometry();
-  move(area.left() + (area.width() - width()) / 2, area.top() + (area.height() - height()) / 2);
+  FitOnScreen(*this);
   SetPointer(PointerShape::Normal);
+}
+
+bool Form::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest && m_centred) KeepOnScreen(*this);
+  return handled;
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event) {

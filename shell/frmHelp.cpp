@@ -2,6 +2,7 @@
 
 #include "base/QtText.h"
 #include "base/Version.h"
+#include "shell/FitScreen.h"
 #include "shell/HelpBook.h"
 
 #include <QAction>
@@ -14,7 +15,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabBar>
@@ -131,7 +131,7 @@ void frmHelp::LayOut() {
   column->setContentsMargins(6, 6, 6, 6);
   column->addWidget(sspCommands);
   column->addWidget(parts, 1);
-  resize(QSize(unit * 138, fontMetrics().height() * 36).boundedTo(screen()->availableSize()));
+  resize(unit * 138, fontMetrics().height() * 36);
 }
 
 QAction* frmHelp::AddCommand(const char* name, const QString& caption,
@@ -250,6 +250,12 @@ void frmHelp::ShowPage(HelpContext context) {
   raise();
   activateWindow();
   txtPage->setFocus();
+}
+
+void frmHelp::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (!m_placed) FitOnScreen(*this);
+  m_placed = true;
 }
 
 void frmHelp::OpenPage(const QUrl& address) {

@@ -36,6 +36,7 @@ class frmHelp : public QWidget {
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   void LayOut();
@@ -64,6 +65,7 @@ class frmHelp : public QWidget {
   QListWidget* lstFound;
   QTextBrowser* txtPage;
   QUrl m_shown;
+  bool m_placed = false;
   QWidget* m_contentsTab = nullptr;
   QWidget* m_indexTab = nullptr;
   QWidget* m_searchTab = nullptr;

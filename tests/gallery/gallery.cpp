@@ -1,5 +1,5 @@
 // Opens every window in its states, without a display, and leaves a picture of each in a folder:
-// for looking at, not for checking by program.
+// for looking at. With --fit it looks by itself whether all of them fit on the screen.
 
 #include "settings/DisplayFont.h"
 #include "shell/ProgramApplication.h"
@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QScreen>
 #include <QTemporaryFile>
 #include <QWidget>
@@ -40,11 +41,6 @@ QPalette DarkPalette() {
 }
 
 void Save(QWidget& window, const QDir& folder, const QString& name) {
-  const QSize screen = window.screen()->availableSize();
-  if (window.width() > screen.width() || window.height() > screen.height()) {
-    std::fprintf(stderr, "gallery: %s is larger than the screen: %d x %d\n", qPrintable(name),
-                 window.width(), window.height());
-  }
   if (!window.grab().save(folder.filePath(name + QStringLiteral(".png")))) {
     throw std::runtime_error("cannot write " + name.toStdString());
   }
@@ -89,6 +85,40 @@ void TakePagePictures(const QDir& folder, const QDir& samples, const QString& wa
   WindowTour(visit, samples).Run();
 }
 
+/// Says what sticks out of the screen or is cut off: of a window, its title bar and borders count
+/// too; of its buttons, those that do not scroll.
+/// @return how many complaints there are
+int CountMisfits() {
+  int misfits = 0;
+  int windows = 0;
+  const auto complain = [&](const QString& name, const QString& what, const QRect& place) {
+    ++misfits;
+    std::fprintf(stderr, "gallery: %s: %s at %d,%d, %d x %d\n", qPrintable(name), qPrintable(what),
+                 place.x(), place.y(), place.width(), place.height());
+  };
+  const auto visit = [&](QWidget& window, const QString& name) {
+    ++windows;
+    if (name.endsWith(QStringLiteral("-large"))) return;  // as a user makes it
+    const QRect frame = window.frameGeometry();
+    if (!window.screen()->availableGeometry().contains(frame)) {
+      complain(name, QStringLiteral("not on the screen"), frame);
+    }
+    for (const QWidget* const button : window.findChildren<QPushButton*>()) {
+      bool scrolls = false;
+      for (const QWidget* part = button; part != &window; part = part->parentWidget()) {
+        scrolls = scrolls || part->inherits("QAbstractScrollArea");
+      }
+      const QRect place(button->mapTo(&window, QPoint()), button->size());
+      if (button->isVisible() && !scrolls && !window.rect().contains(place)) {
+        complain(name, button->objectName() + QStringLiteral(" cut off"), place);
+      }
+    }
+  };
+  WindowTour(visit).Run();
+  std::printf("%d windows, %d misfits\n", windows, misfits);
+  return windows > 60 ? misfits : 1;
+}
+
 /// The value of an option that the platform needs before there is an application to read it.
 QByteArray EarlyOption(int argc, char** argv, const QByteArray& name, const QByteArray& otherwise) {
   for (int i = 1; i + 1 < argc; ++i) {
@@ -128,16 +158,18 @@ int main(int argc, char** argv) {
                      QStringLiteral("folder"), WindowTour::SampleFolder().path()});
   options.addOption({QStringLiteral("only"), QStringLiteral("window=picture,... for pages"),
                      QStringLiteral("names")});
+  options.addOption({QStringLiteral("fit"), QStringLiteral("only check that all windows fit")});
   options.process(application);
-  if (options.positionalArguments().size() != 1) options.showHelp(1);
-  const QDir folder(options.positionalArguments().front());
-  if (!folder.mkpath(QStringLiteral("."))) return 1;
   if (options.isSet(QStringLiteral("dark"))) QApplication::setPalette(DarkPalette());
   QFont font = QApplication::font();
   font.setPointSizeF(options.value(QStringLiteral("points")).toDouble());
   QApplication::setFont(font);
   RegisterFontSubstitutes();
   try {
+    if (options.isSet(QStringLiteral("fit"))) return CountMisfits() == 0 ? 0 : 1;
+    if (options.positionalArguments().size() != 1) options.showHelp(1);
+    const QDir folder(options.positionalArguments().front());
+    if (!folder.mkpath(QStringLiteral("."))) return 1;
     const QDir samples(options.value(QStringLiteral("samples")));
     if (options.isSet(QStringLiteral("only"))) {
       TakePagePictures(folder, samples, options.value(QStringLiteral("only")));

@@ -76,8 +76,9 @@ TEST_F(frmMainTest, MakesTheSettingsFileOnAFirstStart) {
 TEST_F(frmMainTest, CentresItself) {
   frmMain& window = Open();
   const QRect area = window.screen()->availableGeometry();
-  EXPECT_EQ(window.x(), (area.width() - window.width()) / 2);
-  EXPECT_EQ(window.y(), (area.height() - window.height()) / 2);
+  const QRect frame = window.frameGeometry();
+  EXPECT_EQ(frame.x(), (area.width() - frame.width()) / 2);
+  EXPECT_EQ(frame.y(), (area.height() - frame.height()) / 2);
 }
 
 TEST_F(frmMainTest, TheDefaultTopicIsSelectedAtTheStart) {
