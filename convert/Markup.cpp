@@ -1,6 +1,7 @@
 #include "convert/Markup.h"
 
 #include "base/LetterCase.h"
+#include "convert/CharacterReference.h"
 
 #include <algorithm>
 #include <array>
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr TextView SoundMark = u"[sound:";
+constexpr TextView RemarkEnd = u"-->";
 
 constexpr bool IsLetter(char16_t unit) {
   return (unit >= u'a' && unit <= u'z') || (unit >= u'A' && unit <= u'Z');
@@ -20,85 +22,6 @@ constexpr bool IsSpace(char16_t unit) {
   return unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n';
 }
 
-void AppendCharacter(Text& text, std::uint32_t character) {
-  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-  if (character == 0 || surrogate || character > 0x10FFFF) {
-    text += u'\uFFFD';
-  } else if (character < 0x10000) {
-    text += static_cast<char16_t>(character);
-  } else {
-    text += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));
-    text += static_cast<char16_t>(0xDC00 + ((character - 0x10000) & 0x3FF));
-  }
-}
-
-/// The character that "&#...;" names, `digits` being what stands between.
-std::optional<std::uint32_t> NumericEntity(TextView digits) {
-  const bool hex = digits.starts_with(u'x') || digits.starts_with(u'X');
-  if (hex) digits.remove_prefix(1);
-  if (digits.empty() || digits.size() > 8) return std::nullopt;
-  std::uint32_t number = 0;
-  for (const char16_t unit : digits) {
-    if (IsDigit(unit)) {
-      number = number * (hex ? 16 : 10) + (unit - U'0');
-    } else if (hex && ((unit | 0x20) >= u'a' && (unit | 0x20) <= u'f')) {
-      number = number * 16 + ((unit | 0x20U) - U'a' + 10);
-    } else {
-      return std::nullopt;
-    }
-  }
-  return number;
-}
-
-struct NamedCharacter {
-  TextView name;
-  char16_t character;
-};
-
-// The names that old decks use. Source: the character entity sets of HTML 4.
-constexpr std::array<NamedCharacter, 18> Names = {{{u"amp", u'&'},
-                                                   {u"lt", u'<'},
-                                                   {u"gt", u'>'},
-                                                   {u"quot", u'"'},
-                                                   {u"apos", u'\''},
-                                                   {u"OElig", u'\u0152'},
-                                                   {u"oelig", u'\u0153'},
-                                                   {u"ndash", u'\u2013'},
-                                                   {u"mdash", u'\u2014'},
-                                                   {u"lsquo", u'\u2018'},
-                                                   {u"rsquo", u'\u2019'},
-                                                   {u"sbquo", u'\u201A'},
-                                                   {u"ldquo", u'\u201C'},
-                                                   {u"rdquo", u'\u201D'},
-                                                   {u"bdquo", u'\u201E'},
-                                                   {u"hellip", u'\u2026'},
-                                                   {u"euro", u'\u20AC'},
-                                                   {u"rarr", u'\u2192'}}};
-// The characters 160 to 255 in their order.
-constexpr std::array<TextView, 96> Latin1Names = {
-    u"nbsp",   u"iexcl",  u"cent",   u"pound",  u"curren", u"yen",    u"brvbar", u"sect",
-    u"uml",    u"copy",   u"ordf",   u"laquo",  u"not",    u"shy",    u"reg",    u"macr",
-    u"deg",    u"plusmn", u"sup2",   u"sup3",   u"acute",  u"micro",  u"para",   u"middot",
-    u"cedil",  u"sup1",   u"ordm",   u"raquo",  u"frac14", u"frac12", u"frac34", u"iquest",
-    u"Agrave", u"Aacute", u"Acirc",  u"Atilde", u"Auml",   u"Aring",  u"AElig",  u"Ccedil",
-    u"Egrave", u"Eacute", u"Ecirc",  u"Euml",   u"Igrave", u"Iacute", u"Icirc",  u"Iuml",
-    u"ETH",    u"Ntilde", u"Ograve", u"Oacute", u"Ocirc",  u"Otilde", u"Ouml",   u"times",
-    u"Oslash", u"Ugrave", u"Uacute", u"Ucirc",  u"Uuml",   u"Yacute", u"THORN",  u"szlig",
-    u"agrave", u"aacute", u"acirc",  u"atilde", u"auml",   u"aring",  u"aelig",  u"ccedil",
-    u"egrave", u"eacute", u"ecirc",  u"euml",   u"igrave", u"iacute", u"icirc",  u"iuml",
-    u"eth",    u"ntilde", u"ograve", u"oacute", u"ocirc",  u"otilde", u"ouml",   u"divide",
-    u"oslash", u"ugrave", u"uacute", u"ucirc",  u"uuml",   u"yacute", u"thorn",  u"yuml"};
-
-/// The character that "&name;" stands for.
-std::optional<std::uint32_t> NamedEntity(TextView name) {
-  const auto* const known = std::find_if(Names.begin(), Names.end(),
-                                         [&](const NamedCharacter& c) { return c.name == name; });
-  if (known != Names.end()) return known->character;
-  const auto* const latin = std::find(Latin1Names.begin(), Latin1Names.end(), name);
-  if (latin == Latin1Names.end()) return std::nullopt;
-  return static_cast<std::uint32_t>(0xA0 + (latin - Latin1Names.begin()));
-}
-
 /// Takes a character reference from the front of `rest`; another "&" is itself.
 void TakeReference(TextView& rest, Text& text) {
   constexpr std::size_t Longest = 12;
@@ -106,7 +29,7 @@ void TakeReference(TextView& rest, Text& text) {
   if (end != TextView::npos) {
     const TextView name = rest.substr(1, end - 1);
     const std::optional<std::uint32_t> character =
-        name.starts_with(u'#') ? NumericEntity(name.substr(1)) : NamedEntity(name);
+        name.starts_with(u'#') ? NumberedCharacter(name.substr(1)) : NamedCharacter(name);
     if (character) {
       AppendCharacter(text, *character);
       rest.remove_prefix(end + 1);
@@ -130,47 +53,77 @@ Text Unescaped(TextView rest) {
   return text;
 }
 
-/// An element's mark without its angle brackets.
-struct Tag {
-  bool closing = false;
-  Text name;  ///< in capital letters
-  TextView attributes;
+/// Where something that ends a mark stands next, asked for at ascending places. What was found once
+/// is not looked for again: a text full of marks without an end would take its length squared.
+class NextPlace {
+ public:
+  NextPlace(TextView text, TextView wanted) : m_text(text), m_wanted(wanted) {}
+  /// The first one at or behind `from`, or npos.
+  std::size_t From(std::size_t from) {
+    if (m_next != TextView::npos && (!m_isKnown || m_next < from)) {
+      m_next = m_text.find(m_wanted, from);
+    }
+    m_isKnown = true;
+    return m_next;
+  }
+
+ private:
+  TextView m_text;
+  TextView m_wanted;
+  std::size_t m_next = 0;
+  bool m_isKnown = false;
 };
 
-/// Takes a mark from the front of `rest`, which begins with "<"; nothing when it is no mark.
-std::optional<Tag> TakeTag(TextView& rest) {
-  if (rest.starts_with(u"<!--")) {
-    const std::size_t end = rest.find(u"-->");
-    if (end == TextView::npos) return std::nullopt;
-    rest.remove_prefix(end + 3);
-    return Tag{};
+/// The ">" that ends the attributes which begin at a place, one in quotes being none; asked for at
+/// ascending places. A text is walked through at most four times, however many marks it has: what
+/// a quote does to "outside", "in double" and "in single quotes" is to exchange two of them, so of
+/// all walks from whatever places only three differ, and each is walked but once.
+class MarkEnds {
+ public:
+  explicit MarkEnds(TextView text) : m_text(text) {}
+
+  std::size_t From(std::size_t from) {
+    for (; m_at < from; ++m_at) {
+      for (Walk& walk : m_walks) Quote(m_text[m_at], walk.quote);
+    }
+    Walk& walk = *std::find_if(m_walks.begin(), m_walks.end(),
+                               [](const Walk& candidate) { return candidate.quote == 0; });
+    if (!walk.isKnown || (walk.end != TextView::npos && walk.end < from)) {
+      walk.end = Find(from);
+      walk.isKnown = true;
+    }
+    return walk.end;
   }
-  std::size_t at = 1;
-  Tag tag;
-  if (at < rest.size() && rest[at] == u'/') {
-    tag.closing = true;
-    ++at;
-  }
-  if (at >= rest.size() || !IsLetter(rest[at])) return std::nullopt;
-  const std::size_t nameStart = at;
-  while (at < rest.size() && (IsLetter(rest[at]) || IsDigit(rest[at]))) ++at;
-  tag.name = UpperCase(rest.substr(nameStart, at - nameStart));
-  const std::size_t attributesStart = at;
-  char16_t quote = 0;
-  for (; at < rest.size(); ++at) {
-    const char16_t unit = rest[at];
-    if (quote != 0) {
-      if (unit == quote) quote = 0;
-    } else if (unit == u'"' || unit == u'\'') {
+
+ private:
+  struct Walk {
+    char16_t quote = 0;  ///< in which it stands at m_at; 0 outside
+    std::size_t end = 0;
+    bool isKnown = false;
+  };
+
+  static void Quote(char16_t unit, char16_t& quote) {
+    if (unit != u'"' && unit != u'\'') return;
+    if (quote == unit) {
+      quote = 0;
+    } else if (quote == 0) {
       quote = unit;
-    } else if (unit == u'>') {
-      tag.attributes = rest.substr(attributesStart, at - attributesStart);
-      rest.remove_prefix(at + 1);
-      return tag;
     }
   }
-  return std::nullopt;
-}
+
+  std::size_t Find(std::size_t at) const {
+    char16_t quote = 0;
+    for (; at < m_text.size(); ++at) {
+      if (quote == 0 && m_text[at] == u'>') return at;
+      Quote(m_text[at], quote);
+    }
+    return TextView::npos;
+  }
+
+  TextView m_text;
+  std::size_t m_at = 0;
+  std::array<Walk, 3> m_walks = {{{0}, {u'"'}, {u'\''}}};
+};
 
 /// The value of the attribute "src".
 Text SourceOf(TextView attributes) {
@@ -204,18 +157,20 @@ bool IsBlock(TextView name) {
 
 class Decoder {
  public:
-  explicit Decoder(MarkupLosses& losses) : m_losses(losses) {}
+  Decoder(TextView field, bool html, MarkupLosses& losses)
+      : m_field(field), m_html(html), m_losses(losses) {}
 
-  DeckSide Decode(TextView rest, bool html) {
-    while (!rest.empty()) {
-      if (TakeSound(rest, html)) continue;
-      if (html && rest.front() == u'<' && TakeElement(rest)) continue;
+  DeckSide Decode() {
+    while (m_at < m_field.size()) {
+      if (TakeSound()) continue;
+      if (m_html && m_field[m_at] == u'<' && TakeElement()) continue;
       FlushBreak();
-      if (html && rest.front() == u'&') {
+      if (m_html && m_field[m_at] == u'&') {
+        TextView rest = m_field.substr(m_at);
         TakeReference(rest, m_side.text);
+        m_at = m_field.size() - rest.size();
       } else {
-        m_side.text += rest.front();
-        rest.remove_prefix(1);
+        m_side.text += m_field[m_at++];
       }
     }
     m_side.text = WithCrLf(m_side.text);
@@ -224,30 +179,50 @@ class Decoder {
   }
 
  private:
-  bool TakeSound(TextView& rest, bool html) {
-    if (!rest.starts_with(SoundMark)) return false;
-    const std::size_t end = rest.find(u']');
+  bool TakeSound() {
+    if (!m_field.substr(m_at).starts_with(SoundMark)) return false;
+    const std::size_t end = m_soundEnds.From(m_at);
     if (end == TextView::npos) return false;
-    const TextView name = rest.substr(SoundMark.size(), end - SoundMark.size());
-    Keep(m_side.sound, html ? Unescaped(name) : Text(name));
-    rest.remove_prefix(end + 1);
+    const std::size_t start = m_at + SoundMark.size();
+    const TextView name = m_field.substr(start, end - start);
+    Keep(m_side.sound, m_html ? Unescaped(name) : Text(name));
+    m_at = end + 1;
     return true;
   }
 
-  bool TakeElement(TextView& rest) {
-    const std::optional<Tag> tag = TakeTag(rest);
-    if (!tag) return false;
-    if (tag->name == u"BR") {
+  bool TakeRemark() {
+    const std::size_t end = m_remarkEnds.From(m_at);
+    if (end == TextView::npos) return false;
+    m_at = end + RemarkEnd.size();
+    return true;
+  }
+
+  /// Takes a mark; false when it is none.
+  bool TakeElement() {
+    if (m_field.substr(m_at).starts_with(u"<!--")) return TakeRemark();
+    std::size_t at = m_at + 1;
+    if (at < m_field.size() && m_field[at] == u'/') ++at;
+    if (at >= m_field.size() || !IsLetter(m_field[at])) return false;
+    const std::size_t nameStart = at;
+    while (at < m_field.size() && (IsLetter(m_field[at]) || IsDigit(m_field[at]))) ++at;
+    const std::size_t end = m_markEnds.From(at);
+    if (end == TextView::npos) return false;
+    TakeMark(UpperCase(m_field.substr(nameStart, at - nameStart)), m_field.substr(at, end - at));
+    m_at = end + 1;
+    return true;
+  }
+
+  void TakeMark(const Text& name, TextView attributes) {
+    if (name == u"BR") {
       FlushBreak();
       m_side.text.append(LineBreak);
-    } else if (tag->name == u"IMG") {
-      Keep(m_side.picture, SourceOf(tag->attributes));
-    } else if (IsBlock(tag->name)) {
+    } else if (name == u"IMG") {
+      Keep(m_side.picture, SourceOf(attributes));
+    } else if (IsBlock(name)) {
       m_breakDue = !m_side.text.empty() && !m_side.text.ends_with(LineBreak);
-    } else if (!tag->name.empty()) {
+    } else {
       m_losses.formatting = true;
     }
-    return true;
   }
 
   void Keep(Text& place, Text name) {
@@ -273,7 +248,13 @@ class Decoder {
     m_side.text.erase(0, first);
   }
 
+  TextView m_field;
+  bool m_html;
   MarkupLosses& m_losses;
+  std::size_t m_at = 0;
+  NextPlace m_soundEnds{m_field, u"]"};
+  NextPlace m_remarkEnds{m_field, RemarkEnd};
+  MarkEnds m_markEnds{m_field};
   DeckSide m_side;
   bool m_breakDue = false;
 };
@@ -286,7 +267,7 @@ Text Escaped(TextView text) {
 }  // namespace
 
 DeckSide DecodeMarkup(TextView field, bool html, MarkupLosses& losses) {
-  return Decoder(losses).Decode(field, html);
+  return Decoder(field, html, losses).Decode();
 }
 
 Text EncodeMarkup(const DeckSide& side) {

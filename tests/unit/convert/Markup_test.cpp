@@ -56,6 +56,15 @@ TEST(DecodeMarkup, WhatIsNoMarkStays) {
   EXPECT_EQ(Decode(u"<a href=\"x>").text, u"<a href=\"x>");
 }
 
+TEST(DecodeMarkup, QuotesDecideWhereAMarkEnds) {
+  EXPECT_EQ(Decode(u"<a b=\"x<i c='y>z").text, u"<a b=\"x<i c='y>z");
+  EXPECT_EQ(Decode(u"<a b=\"<i c='><u d=\"'>e").text, u"<a b=\"e");
+  EXPECT_EQ(Decode(u"it's <b>so</b> \"so\" <i t='>'>it</i> isn't <b").text,
+            u"it's so \"so\" it isn't <b");
+  EXPECT_EQ(Decode(u"<!-- a --><!-->b<!--").text, u"b<!--");
+  EXPECT_EQ(Decode(u"[sound:][sound:a").text, u"[sound:a");
+}
+
 TEST(DecodeMarkup, PlainFieldsHaveNoMarksButSounds) {
   EXPECT_EQ(Decode(u"<b>&lt;<br>[sound:a.wav]", false), (DeckSide{u"<b>&lt;<br>", u"a.wav", u""}));
 }
