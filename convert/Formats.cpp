@@ -5,6 +5,7 @@
 #include "convert/AnkiText.h"
 #include "convert/Differences.h"
 #include "convert/Kvtml.h"
+#include "convert/KvtmlWriter.h"
 #include "convert/NativeStack.h"
 #include "convert/TextEncoding.h"
 
@@ -91,8 +92,7 @@ bool ReadDeck(DeckFormat format, std::string_view bytes, TextView fileName,
               const ReadOptions& options, Deck& deck, std::string& usedEncoding,
               Findings& findings) {
   if (format == DeckFormat::Kvtml) {
-    usedEncoding = "xml";
-    return ReadKvtml(bytes, options.columns, deck, findings);
+    return ReadKvtml(bytes, options.encoding, options.columns, deck, usedEncoding, findings);
   }
   const bool native = format == DeckFormat::Stack || format == DeckFormat::Import;
   if (native && options.encoding.empty()) {
@@ -128,7 +128,7 @@ std::string WriteDeck(DeckFormat format, const Deck& deck, const WriteOptions& o
   std::string encoding;
   Findings ignored;
   const ReadOptions asWritten{
-      .encoding = options.encoding,
+      .encoding = format == DeckFormat::Kvtml ? std::string() : options.encoding,
       .separator = SeparatorOf(format, options.separator),
       .heading = options.heading == Heading::Yes ? Heading::Yes : Heading::Guess,
       .columns = {}};

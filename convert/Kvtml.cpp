@@ -1,326 +1,336 @@
 #include "convert/Kvtml.h"
 
 #include "base/CodePage.h"
-#include "base/Version.h"
+#include "convert/KvtmlSurvey.h"
+#include "convert/KvtmlWriter.h"
+#include "convert/LossList.h"
+#include "convert/TextEncoding.h"
+#include "convert/XmlEncoding.h"
+#include "convert/XmlWalker.h"
 
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
-#include <map>
-#include <pugixml.hpp>
-#include <sstream>
+#include <initializer_list>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace {
 
-constexpr const char* DocumentType =
-    "kvtml PUBLIC \"kvtml2.dtd\" \"http://edu.kde.org/kvtml/kvtml2.dtd\"";
+/// How many entries a file of a length may have: more than the empty ones among them would be cards
+/// that take many times the memory of the file. A small file may be anything.
+std::size_t MostEntries(std::size_t length) {
+  constexpr std::size_t Free = std::size_t{16} << 20;
+  return (Free + 3 * length) / sizeof(DeckCard);
+}
 
-constexpr TextView OurName = u"quibconv ";
-
-/// Line numbers of places in a text, asked for in any order.
-class LineIndex {
+/// A few texts in a row for a message.
+class NameList {
  public:
-  explicit LineIndex(std::string_view text) {
-    for (std::size_t at = text.find('\n'); at != std::string_view::npos;
-         at = text.find('\n', at + 1)) {
-      m_ends.push_back(static_cast<std::ptrdiff_t>(at));
-    }
+  void Add(TextView name) {
+    if (m_count++ < Most) m_words.append(m_words.empty() ? "" : ", ").append(Quoted(name));
   }
-  int LineOf(std::ptrdiff_t offset) const {
-    if (offset < 0) return 0;
-    return 1 + static_cast<int>(std::lower_bound(m_ends.begin(), m_ends.end(), offset) -
-                                m_ends.begin());
-  }
-  int LineOf(const pugi::xml_node& node) const { return LineOf(node.offset_debug()); }
+  int Count() const { return m_count; }
+  std::string Words() const { return m_count > Most ? m_words + " and more" : m_words; }
 
  private:
-  std::vector<std::ptrdiff_t> m_ends;
+  static constexpr int Most = 10;
+  int m_count = 0;
+  std::string m_words;
 };
-
-/// All text that stands directly in an element.
-Text TextOf(const pugi::xml_node& element) {
-  std::string content;
-  for (const pugi::xml_node& child : element.children()) {
-    if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
-      content += child.value();
-  }
-  return WithCrLf(FromUtf8(content));
-}
-
-bool IsElement(const pugi::xml_node& node) { return node.type() == pugi::node_element; }
-
-/// True when an element holds more than space.
-bool HasContent(const pugi::xml_node& element) {
-  const pugi::xml_object_range<pugi::xml_node_iterator> children = element.children();
-  return std::any_of(children.begin(), children.end(), [](const pugi::xml_node& child) {
-    return IsElement(child) ||
-           std::string_view(child.value()).find_first_not_of(" \t\r\n") != std::string_view::npos;
-  });
-}
-
-/// The one lesson that a file of ours has.
-Text LessonName(const Deck& deck) {
-  return deck.description.empty() ? Text(u"Cards") : deck.description;
-}
 
 class Reader {
  public:
-  Reader(const pugi::xml_node& root, const LineIndex& lines, Deck& deck, Findings& findings)
-      : m_root(root), m_lines(lines), m_deck(deck), m_findings(findings) {}
+  Reader(std::string_view utf8, const KvtmlSurvey& survey, Deck& deck, Findings& findings)
+      : m_walk(utf8), m_survey(survey), m_deck(deck), m_findings(findings) {}
 
   void Read(TextColumns wanted) {
-    ReadInformation();
-    ReadIdentifiers(wanted);
-    for (const pugi::xml_node& entry : m_root.child("entries").children("entry")) ReadEntry(entry);
-    ReadRest();
+    PlaceLanguages(wanted);
+    (void)m_walk.xml.Next();
+    const int line = m_walk.xml.Line();
+    LoseAttributes("kvtml", {"version"});
+    if (m_walk.ForEach([&](std::string_view section) { ReadSection(section); })) {
+      LoseStray("kvtml", line);
+    }
     ListLosses();
   }
 
  private:
-  struct Lost {
-    int count = 0;
-    int line = 0;
-  };
+  // -- what has no place
 
-  void Lose(const std::string& what, const pugi::xml_node& node) {
-    Lost& lost = m_lost[what];
-    if (lost.count++ == 0) lost.line = m_lines.LineOf(node);
+  void Lose(const std::string& what, int line) {
+    m_losses.Add(what + " has no place on a card; left out", line);
+  }
+  void LoseStray(std::string_view element, int line) {
+    Lose(fmt::format("the text beside the elements of <{}>", ShownName(element)), line);
+  }
+  /// Passes over the element that has begun; one without content is no loss.
+  void LoseElement(const std::string& what) {
+    const int line = m_walk.xml.Line();
+    if (m_walk.Skip()) Lose(what, line);
+  }
+  void LoseAttributes(std::string_view element, std::initializer_list<std::string_view> known) {
+    if (!m_walk.xml.HasAttributes()) return;
+    m_walk.xml.ForEachAttribute([&](std::string_view name, const std::string&) {
+      const bool isKnown = std::find(known.begin(), known.end(), name) != known.end();
+      if (isKnown || name.starts_with("xmlns")) return;
+      Lose(fmt::format("the attribute {} of <{}>", Quoted(FromUtf8(ShownName(name))),
+                       ShownName(element)),
+           m_walk.xml.Line());
+    });
   }
 
-  void ReadInformation() {
-    for (const pugi::xml_node& item : m_root.child("information").children()) {
-      if (!IsElement(item)) continue;
-      const std::string_view name = item.name();
-      if (name == "title") {
-        m_deck.description = TrimBlanks(TextOf(item));
-      } else if (name == "category") {
-        m_deck.topic = TrimBlanks(TextOf(item));
-      } else if (name == "generator" || name == "date") {
-        m_ofProgram.push_back(m_lines.LineOf(item));
-        if (TextOf(item).starts_with(OurName)) m_ofProgram.pop_back();
-      } else if (!TextOf(item).empty()) {
-        Lose(fmt::format("the {}", item.name()), item);
+  /// Calls `child` for each element in the one that has begun.
+  template <typename Child>
+  void ReadParts(std::string_view element, std::initializer_list<std::string_view> attributes,
+                 Child child) {
+    const int line = m_walk.xml.Line();
+    LoseAttributes(element, attributes);
+    if (m_walk.ForEach(child)) LoseStray(element, line);
+  }
+
+  /// The text of an element that holds nothing else.
+  Text ReadText(std::string_view element) {
+    LoseAttributes(element, {});
+    return m_walk.ReadText([&](std::string_view mark) {
+      m_losses.Add(fmt::format("of the mark <{}> in <{}> only the text stays; the rest is left out",
+                               ShownName(mark), ShownName(element)),
+                   m_walk.xml.Line());
+    });
+  }
+  /// The same into a place that takes one text: the first with anything in it.
+  void TakeText(std::string_view element, Text& place, bool trim) {
+    const int line = m_walk.xml.Line();
+    Text text = ReadText(element);
+    if (trim) text = TrimBlanks(text);
+    if (!HasInk(place)) {
+      if (!text.empty()) place = std::move(text);
+    } else if (HasInk(text)) {
+      Lose(fmt::format("a further <{}>", ShownName(element)), line);
+    }
+  }
+
+  // -- the sections
+
+  void ReadSection(std::string_view section) {
+    if (section == "information") {
+      ReadParts(section, {}, [&](std::string_view item) { ReadInformation(item); });
+    } else if (section == "identifiers") {
+      ReadParts(section, {}, [&](std::string_view part) {
+        if (part == "identifier") {
+          ReadIdentifier();
+        } else {
+          LoseElement(fmt::format("<{}>", ShownName(part)));
+        }
+      });
+    } else if (section == "entries") {
+      ReadParts(section, {}, [&](std::string_view part) {
+        if (part == "entry") {
+          ReadEntry();
+        } else {
+          LoseElement(fmt::format("<{}>", ShownName(part)));
+        }
+      });
+    } else if (section == "lessons") {
+      ReadLessons();
+    } else {
+      LoseElement(fmt::format("<{}>", ShownName(section)));
+    }
+  }
+
+  void ReadInformation(std::string_view item) {
+    const int line = m_walk.xml.Line();
+    if (item == "title") {
+      TakeText(item, m_deck.description, true);
+    } else if (item == "category") {
+      TakeText(item, m_deck.topic, true);
+    } else if (item == "generator" || item == "date") {
+      const Text text = ReadText(item);
+      if (HasInk(text) && !text.starts_with(OurProgram) && m_programLine == 0) m_programLine = line;
+    } else {
+      LoseElement(fmt::format("the {}", ShownName(item)));
+    }
+  }
+
+  void ReadIdentifier() {
+    int names = 0;
+    const int line = m_walk.xml.Line();
+    ReadParts("identifier", {"id"}, [&](std::string_view part) {
+      if (part == "name" && names > 0) {
+        LoseElement("a further <name>");
+      } else if (part == "name" || part == "locale") {
+        const Text text = ReadText(part);
+        const bool ours =
+            std::find(OurLanguages.begin(), OurLanguages.end(), text) != OurLanguages.end();
+        if (part == "name" && HasInk(text)) ++names;
+        if (HasInk(text) && !ours && m_languageNames.Count() == 0) m_languagesLine = line;
+        if (HasInk(text) && !ours) m_languageNames.Add(text);
+      } else {
+        LoseElement(fmt::format("<{}>", ShownName(part)));
       }
-    }
+    });
   }
 
-  void ReadIdentifiers(TextColumns wanted) {
-    for (const pugi::xml_node& identifier : m_root.child("identifiers").children("identifier")) {
-      m_ids.emplace_back(identifier.attribute("id").value());
-      const std::string name = Printable(TextOf(identifier.child("name")));
-      m_names.push_back(name.empty() ? m_ids.back() : name);
-    }
+  void PlaceLanguages(TextColumns wanted) {
+    m_ids = m_survey.ids;
     // A file without languages still numbers its words.
-    while (m_ids.size() < 2) {
-      m_ids.push_back(std::to_string(m_ids.size()));
-      m_names.push_back(m_ids.back());
+    for (int number = 0; m_ids.size() < 2; ++number) {
+      const std::string id = std::to_string(number);
+      if (std::find(m_ids.begin(), m_ids.end(), id) == m_ids.end()) m_ids.push_back(id);
     }
     std::vector<TableColumn> columns(m_ids.size());
     PlaceTexts(columns, wanted);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      if (i >= m_ids.size()) continue;
-      if (columns[i].role == ColumnRole::FrontText) m_frontId = m_ids[i];
-      if (columns[i].role == ColumnRole::BackText) m_backId = m_ids[i];
+    for (std::size_t i = 0; i < std::min(columns.size(), m_ids.size()); ++i) {
+      if (columns[i].role == ColumnRole::FrontText) m_sideIds[0] = m_ids[i];
+      if (columns[i].role == ColumnRole::BackText) m_sideIds[1] = m_ids[i];
     }
   }
 
-  void ReadEntry(const pugi::xml_node& entry) {
+  void ReadEntry() {
     DeckCard& card = m_deck.cards.emplace_back();
-    card.line = m_lines.LineOf(entry);
-    for (const pugi::xml_node& part : entry.children()) {
-      if (!IsElement(part)) continue;
-      if (std::string_view(part.name()) != "translation") {
-        Lose(fmt::format("<{}>", part.name()), part);
-        continue;
+    card.line = m_walk.xml.Line();
+    ReadParts("entry", {"id"}, [&](std::string_view part) {
+      if (part == "translation") {
+        ReadTranslation(card);
+      } else {
+        LoseElement(fmt::format("<{}>", ShownName(part)));
       }
-      const std::string_view id = part.attribute("id").value();
-      if (id == m_frontId) {
-        ReadTranslation(part, card.sides[0]);
-      } else if (id == m_backId) {
-        ReadTranslation(part, card.sides[1]);
-      } else if (!TextOf(part.child("text")).empty()) {
-        Lose(fmt::format("the language {}", NameOfId(id)), part);
-      }
+    });
+  }
+
+  void ReadTranslation(DeckCard& card) {
+    const std::string id = m_walk.Attribute("id");
+    for (std::size_t side = 0; side < card.sides.size(); ++side) {
+      if (m_sideIds[side] != id) continue;
+      ReadParts("translation", {"id"},
+                [&](std::string_view part) { ReadPart(part, card.sides[side]); });
+      return;
+    }
+    const int line = m_walk.xml.Line();
+    LoseAttributes("translation", {"id"});
+    if (m_walk.SkipInside()) Lose(fmt::format("the language “{}”", NameOfId(id)), line);
+  }
+
+  std::string NameOfId(const std::string& id) const {
+    const auto known = m_survey.names.find(id);
+    return known == m_survey.names.end() ? ShownName(id) : known->second;
+  }
+
+  void ReadPart(std::string_view part, DeckSide& side) {
+    if (part == "text") {
+      TakeText(part, side.text, false);
+    } else if (part == "sound") {
+      TakeText(part, side.sound, true);
+    } else if (part == "image") {
+      TakeText(part, side.picture, true);
+    } else {
+      LoseElement(fmt::format("<{}>", ShownName(part)));
     }
   }
 
-  std::string NameOfId(std::string_view id) const {
-    const auto found = std::find(m_ids.begin(), m_ids.end(), id);
-    const std::string name = found == m_ids.end()
-                                 ? Printable(FromUtf8(id))
-                                 : m_names[static_cast<std::size_t>(found - m_ids.begin())];
-    return "“" + name + "”";
+  void ReadLessons() {
+    if (m_lessonsLine == 0) m_lessonsLine = m_walk.xml.Line();
+    ReadParts("lessons", {}, [&](std::string_view part) {
+      if (part == "container") {
+        ReadLesson();
+      } else {
+        LoseElement(fmt::format("<{}>", ShownName(part)));
+      }
+    });
   }
 
-  void ReadTranslation(const pugi::xml_node& translation, DeckSide& side) {
-    for (const pugi::xml_node& part : translation.children()) {
-      if (!IsElement(part)) continue;
-      const std::string_view name = part.name();
-      if (name == "text") {
-        side.text = TextOf(part);
-      } else if (name == "sound") {
-        side.sound = TrimBlanks(TextOf(part));
-      } else if (name == "image") {
-        side.picture = TrimBlanks(TextOf(part));
-      } else if (HasContent(part)) {
-        Lose(fmt::format("<{}>", part.name()), part);
+  void ReadLesson() {
+    Text name;
+    ReadParts("container", {}, [&](std::string_view part) {
+      if (part == "name") {
+        TakeText(part, name, false);
+      } else if (part == "inpractice") {
+        if (ReadText(part) == u"false") m_hasLessonAside = true;
+      } else if (part == "entry") {
+        ++m_lessonEntries;
+        LoseAttributes("entry", {"id"});
+        if (m_walk.SkipInside()) Lose("<entry> of a lesson", m_walk.xml.Line());
+      } else {
+        LoseElement(fmt::format("<{}>", ShownName(part)));
       }
-    }
+    });
+    m_lessonNames.Add(name);
+    m_lastLesson = std::move(name);
   }
 
-  /// Everything beside the cards: lessons, kinds of words, articles.
-  void ReadRest() {
-    for (const pugi::xml_node& section : m_root.children()) {
-      if (!IsElement(section)) continue;
-      const std::string_view name = section.name();
-      if (name == "information" || name == "entries" || name == "identifiers") continue;
-      std::size_t containers = 0;
-      for (const pugi::xml_node& container : section.children("container")) {
-        ++containers;
-        if (name == "lessons" && containers <= MostNames) {
-          m_lessons.append(m_lessons.empty() ? "" : ", ");
-          m_lessons.append(Quoted(TextOf(container.child("name"))));
-        }
-      }
-      if (containers > MostNames && name == "lessons") m_lessons.append(" and more");
-      // A single lesson that is called like the file says nothing of its own.
-      const pugi::xml_node lesson = section.child("container");
-      const bool nested = !lesson.child("container").empty();
-      if (containers == 1 && !nested && TextOf(lesson.child("name")) == LessonName(m_deck)) {
-        m_lessons.clear();
-      }
-      if (containers > 0 && name != "lessons") Lose(fmt::format("<{}>", section.name()), section);
-    }
-    for (const pugi::xml_node& identifier : m_root.child("identifiers").children("identifier")) {
-      for (const pugi::xml_node& part : identifier.children()) {
-        const std::string_view name = part.name();
-        if (IsElement(part) && name != "name" && name != "locale" && HasContent(part)) {
-          Lose(fmt::format("<{}>", part.name()), part);
-        }
-      }
-    }
+  /// A single lesson that is called like the file and has all its cards says nothing of its own.
+  bool LessonsSayNothing() const {
+    return m_lessonNames.Count() == 0 ||
+           (m_lessonNames.Count() == 1 && m_lastLesson == OurLesson(m_deck) &&
+            m_lessonEntries == m_deck.cards.size() && !m_hasLessonAside);
   }
 
   void ListLosses() {
-    if (!m_ofProgram.empty()) {
+    if (m_programLine != 0) {
       m_findings.push_back(
-          Remarked(m_ofProgram.front(), "which program made the file, and when, stays behind"));
+          Remarked(m_programLine, "which program made the file, and when, stays behind"));
     }
-    for (const auto& [what, lost] : m_lost) {
+    if (m_languageNames.Count() > 0) {
+      m_findings.push_back(Remarked(
+          m_languagesLine,
+          fmt::format("what the languages are called stays behind: {}", m_languageNames.Words())));
+    }
+    m_losses.AppendTo(m_findings);
+    if (!LessonsSayNothing()) {
+      m_findings.push_back(
+          Found(FindingKind::LostField, m_lessonsLine,
+                fmt::format("the lessons become one list: {}", m_lessonNames.Words())));
+    }
+    const XmlReader::Unresolved& unresolved = m_walk.xml.UnresolvedReferences();
+    if (unresolved.count > 0) {
       m_findings.push_back(Found(
-          FindingKind::LostField, lost.line,
-          fmt::format("{} has no place on a card; left out{}", what,
-                      lost.count == 1 ? std::string() : fmt::format(" {} times", lost.count))));
+          FindingKind::Malformed, unresolved.line,
+          fmt::format(
+              "{} stands for no character that XML knows; it stays as it is{}", unresolved.first,
+              unresolved.count == 1 ? std::string()
+                                    : fmt::format(", and {} more like it", unresolved.count - 1))));
     }
-    if (!m_lessons.empty()) {
-      m_findings.push_back(Found(FindingKind::LostField, m_lines.LineOf(m_root.child("lessons")),
-                                 fmt::format("the lessons become one list: {}", m_lessons)));
+    if (m_walk.xml.DeclarationsLine() != 0) {
+      m_findings.push_back(Found(FindingKind::LostField, m_walk.xml.DeclarationsLine(),
+                                 "what the document type declares is not read"));
     }
   }
 
-  static constexpr std::size_t MostNames = 10;  // of lessons that a message lists
-
-  const pugi::xml_node& m_root;
-  const LineIndex& m_lines;
+  XmlWalker m_walk;
+  const KvtmlSurvey& m_survey;
   Deck& m_deck;
   Findings& m_findings;
+  LossList m_losses;
   std::vector<std::string> m_ids;
-  std::vector<std::string> m_names;
-  std::string m_frontId;
-  std::string m_backId;
-  std::string m_lessons;
-  std::vector<int> m_ofProgram;  // lines that say who made the file
-  std::map<std::string, Lost> m_lost;
+  std::array<std::optional<std::string>, 2> m_sideIds;
+  NameList m_languageNames;
+  int m_languagesLine = 0;
+  int m_programLine = 0;  ///< that says who made the file
+  NameList m_lessonNames;
+  Text m_lastLesson;
+  std::size_t m_lessonEntries = 0;
+  bool m_hasLessonAside = false;  ///< that is not to be practised
+  int m_lessonsLine = 0;
 };
-
-/// What XML can hold of a text, with the line breaks that it keeps.
-std::string XmlText(TextView text) {
-  Text kept = ReplaceAll(WithCrLf(text), LineBreak, u"\n");
-  std::erase_if(kept, [](char16_t unit) {
-    const bool control = unit < u' ' && unit != u'\n' && unit != u'\t';
-    return control || unit == 0xFFFE || unit == 0xFFFF;
-  });
-  return ToUtf8(kept);
-}
-
-void AddElement(pugi::xml_node& parent, const char* name, TextView text) {
-  parent.append_child(name).text().set(XmlText(text).c_str());
-}
-
-void AddTranslation(pugi::xml_node& entry, const char* id, const DeckSide& side) {
-  pugi::xml_node translation = entry.append_child("translation");
-  translation.append_attribute("id").set_value(id);
-  AddElement(translation, "text", side.text);
-  if (!side.picture.empty()) AddElement(translation, "image", side.picture);
-  if (!side.sound.empty()) AddElement(translation, "sound", side.sound);
-}
-
-void AddIdentifier(pugi::xml_node& identifiers, const char* id, TextView name) {
-  pugi::xml_node identifier = identifiers.append_child("identifier");
-  identifier.append_attribute("id").set_value(id);
-  AddElement(identifier, "name", name);
-}
 
 }  // namespace
 
-bool ReadKvtml(std::string_view bytes, TextColumns wanted, Deck& deck, Findings& findings) {
-  pugi::xml_document document;
-  const pugi::xml_parse_result parsed =
-      document.load_buffer(bytes.data(), bytes.size(), pugi::parse_default | pugi::parse_ws_pcdata);
-  const LineIndex lines(bytes);
-  if (!parsed) {
-    findings.push_back(Failed(FindingKind::Malformed, lines.LineOf(parsed.offset),
-                              fmt::format("not well-formed XML: {}", parsed.description())));
-    return false;
-  }
-  const pugi::xml_node root = document.child("kvtml");
-  const std::string_view version = root.attribute("version").value();
-  if (!version.starts_with('2')) {
+bool ReadKvtml(std::string_view bytes, const std::string& encoding, TextColumns wanted, Deck& deck,
+               std::string& usedEncoding, Findings& findings) {
+  std::string storage;
+  std::string_view utf8;
+  const std::string said = encoding.empty() ? XmlEncoding(bytes, findings) : encoding;
+  if (!DecodeToUtf8(bytes, said, storage, utf8, usedEncoding, findings)) return false;
+  KvtmlSurvey survey;
+  if (!SurveyKvtml(utf8, survey, findings)) return false;
+  if (survey.entries > MostEntries(utf8.size())) {
     findings.push_back(
-        Failed(FindingKind::Malformed, lines.LineOf(root),
-               root.empty() ? std::string("XML, but not of a vocabulary file: it has no <kvtml>")
-                            : fmt::format("a vocabulary file of version {}; only version 2 is read",
-                                          version.empty() ? "1" : Printable(FromUtf8(version)))));
+        Failed(FindingKind::Unreadable, 0,
+               fmt::format("Out of memory: {} entries, almost all of them empty", survey.entries)));
     return false;
   }
-  Reader(root, lines, deck, findings).Read(wanted);
+  deck.cards.reserve(deck.cards.size() + survey.entries);
+  Reader(utf8, survey, deck, findings).Read(wanted);
   return true;
-}
-
-std::string WriteKvtml(const Deck& deck) {
-  pugi::xml_document document;
-  pugi::xml_node declaration = document.append_child(pugi::node_declaration);
-  declaration.append_attribute("version").set_value("1.0");
-  declaration.append_attribute("encoding").set_value("UTF-8");
-  document.append_child(pugi::node_doctype).set_value(DocumentType);
-  pugi::xml_node root = document.append_child("kvtml");
-  root.append_attribute("version").set_value("2.0");
-
-  pugi::xml_node information = root.append_child("information");
-  AddElement(information, "generator", Text(OurName).append(ProgramVersion));
-  AddElement(information, "title", deck.description);
-  if (!deck.topic.empty()) AddElement(information, "category", deck.topic);
-
-  pugi::xml_node identifiers = root.append_child("identifiers");
-  AddIdentifier(identifiers, "0", u"Front");
-  AddIdentifier(identifiers, "1", u"Back");
-
-  pugi::xml_node entries = root.append_child("entries");
-  int number = 0;
-  for (const DeckCard& card : deck.cards) {
-    pugi::xml_node entry = entries.append_child("entry");
-    entry.append_attribute("id").set_value(number++);
-    AddTranslation(entry, "0", card.sides[0]);
-    AddTranslation(entry, "1", card.sides[1]);
-  }
-  // Vocabulary programs show words by lesson, and none that is in no lesson.
-  pugi::xml_node lesson = root.append_child("lessons").append_child("container");
-  AddElement(lesson, "name", LessonName(deck));
-  AddElement(lesson, "inpractice", u"true");
-  for (int i = 0; i < number; ++i) lesson.append_child("entry").append_attribute("id").set_value(i);
-
-  std::ostringstream out;
-  document.save(out, "  ", pugi::format_default, pugi::encoding_utf8);
-  return std::move(out).str();
 }

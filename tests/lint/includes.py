@@ -21,7 +21,6 @@ LIBRARY_HEADERS = {
     "fmt::fmt": "fmt/",
     "libcsv": "csv.h",
     "nlohmann_json::nlohmann_json": "nlohmann/",
-    "pugixml::pugixml": "pugixml.hpp",
 }
 
 

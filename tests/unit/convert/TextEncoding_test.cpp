@@ -62,6 +62,32 @@ TEST(DecodeForeignText, ATextThatEndsInTheMiddleOfACharacterEnds) {
   EXPECT_EQ(Decode("a\xC3", "utf-8").text, u"a\uFFFD");
 }
 
+TEST(DecodeForeignText, HalfACharacterOfUtf16LeavesTheOthersAlone) {
+  using namespace std::string_view_literals;
+  const Decoded decoded = Decode(
+      "a\0\0\xD8"
+      "b\0"sv,
+      "utf-16le");
+  EXPECT_EQ(decoded.text, u"a\uFFFDb");
+  ASSERT_EQ(decoded.findings.size(), 1U);
+  EXPECT_EQ(decoded.findings[0].message, "2 bytes are no utf-16le; they become “\uFFFD”");
+  EXPECT_EQ(Decode("\xFF\xFE\0\0a\0\0\0"sv).text, u"a");
+}
+
+TEST(DecodeForeignText, BytesThatTheSystemPassesOverAreListed) {
+  // An order to stay in the alphabet that is in use anyway: the text is the same without it.
+  const Decoded decoded = Decode("\x1B(Ba", "iso-2022-jp");
+  EXPECT_EQ(decoded.text, u"a");
+  ASSERT_EQ(decoded.findings.size(), 1U);
+  EXPECT_EQ(decoded.findings[0].kind, FindingKind::Encoding);
+  for (const char* const encoding :
+       {"utf-16", "utf-16le", "utf-32", "koi8-r", "shift_jis", "big5"}) {
+    std::string bytes;
+    ASSERT_TRUE(EncodeForeignText(u"abc", encoding, bytes));
+    EXPECT_TRUE(Decode(bytes, encoding).findings.empty()) << encoding;
+  }
+}
+
 TEST(EncodeForeignText, PutsAQuestionMarkForWhatIsLacking) {
   std::string bytes;
   ASSERT_TRUE(EncodeForeignText(u"é犬\U0001F415.", "windows-1252", bytes));
@@ -93,6 +119,13 @@ TEST(IsKnownEncoding, KnowsOurOwnName) {
   EXPECT_TRUE(IsKnownEncoding("utf-8-bom"));
   EXPECT_TRUE(IsKnownEncoding("shift_jis"));
   EXPECT_FALSE(IsKnownEncoding("klingon"));
+}
+
+TEST(IsKnownEncoding, TakesNamesAlone) {
+  for (const char* const words :
+       {"", "ascii//IGNORE", "ascii//TRANSLIT", "ascii/", "ascii,x", "a b"}) {
+    EXPECT_FALSE(IsKnownEncoding(words)) << words;
+  }
 }
 
 }  // namespace
