@@ -1,5 +1,6 @@
 #include "base/DiskFiles.h"
 
+#include "base/DiskGroup.h"
 #include "base/DiskNames.h"
 #include "base/DiskReplacement.h"
 #include "base/LetterCase.h"
@@ -8,7 +9,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -49,13 +49,31 @@ FileStatus DiskFiles::Replace(const Text& path, std::unique_ptr<FileReplacement>
   std::string target;
   FileStatus status = FindOnDisk(path, target);
   if (status != FileStatus::Ok) return status;
-  if (char* const real = ::realpath(target.c_str(), nullptr)) {
-    target = real;
-    std::free(real);
-  } else if (status = FollowLinks(target); status != FileStatus::Ok) {
-    return status;
-  }
+  if (status = FollowToTarget(target); status != FileStatus::Ok) return status;
   return BeginReplacement(std::move(target), EncodePath(m_safePlace), replacement);
+}
+
+GroupResult DiskFiles::ReplaceTogether(const std::vector<NewFile>& files) {
+  return ReplaceGroup(files);
+}
+
+FileFacts DiskFiles::Look(const Text& path) {
+  FileFacts facts;
+  std::string name;
+  struct stat info {};
+  if (NamesNoFile(path) || FindOnDisk(path.empty() ? Text(u".") : path, name) != FileStatus::Ok) {
+    return facts;
+  }
+  if (::lstat(name.c_str(), &info) != 0) return facts;
+  facts.isLink = S_ISLNK(info.st_mode);
+  std::string real = name;
+  if (!RealPath(real) || ::lstat(real.c_str(), &info) != 0) return facts;
+  facts.realPath = DecodePath(real);
+  facts.isThere = true;
+  facts.isRegular = S_ISREG(info.st_mode);
+  facts.device = info.st_dev;
+  facts.number = info.st_ino;
+  return facts;
 }
 
 FileStatus DiskFiles::Remove(const Text& path) {

@@ -14,7 +14,9 @@ class DiskFiles : public Files {
   Text Find(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;
+  GroupResult ReplaceTogether(const std::vector<NewFile>& files) override;
   FileStatus Remove(const Text& path) override;
+  FileFacts Look(const Text& path) override;
   FileStatus List(const Text& folder, FolderContent& content) override;
   FileStatus MakeFolder(const Text& folder) override;
   std::unique_ptr<FileLock> Lock(const Text& path) override;

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cstdlib>
 #include <dirent.h>
 #include <sys/stat.h>
 
@@ -100,4 +101,16 @@ FileStatus FollowLinks(std::string& path) {
     path = next.starts_with('/') ? next : FolderOf(path).append("/").append(next);
   }
   return FileStatus::Ok;
+}
+
+bool RealPath(std::string& path) {
+  char* const real = ::realpath(path.c_str(), nullptr);
+  if (real == nullptr) return false;
+  path = real;
+  std::free(real);
+  return true;
+}
+
+FileStatus FollowToTarget(std::string& path) {
+  return RealPath(path) ? FileStatus::Ok : FollowLinks(path);
 }

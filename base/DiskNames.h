@@ -22,3 +22,10 @@ FileStatus FindOnDisk(const Text& path, std::string& found);
 
 /// Follows a link to a file that is not there yet; a `path` that is no link stays.
 FileStatus FollowLinks(std::string& path);
+
+/// Makes a path absolute and free of links; false when nothing is there, and then it stays.
+bool RealPath(std::string& path);
+
+/// Turns a path into that of the file that is to be written: links are followed, to a file that is
+/// there or to one that is not there yet.
+FileStatus FollowToTarget(std::string& path);

@@ -1,58 +1,13 @@
 #include "base/DiskReplacement.h"
 
-#include "base/DiskNames.h"
 #include "base/SystemFile.h"
+#include "base/TemporaryFile.h"
 
-#include <climits>
-#include <cstdlib>
-#include <ctime>
 #include <fcntl.h>
 #include <optional>
 #include <sys/stat.h>
 
 namespace {
-
-/// A new, empty file beside `target`, hidden, under a name of its own.
-Descriptor MakeTemporary(const std::string& folder, std::string& path) {
-  return Descriptor(Uninterrupted([&] {
-    path = folder + "/.quib-XXXXXX";
-    return ::mkostemp(path.data(), O_CLOEXEC);
-  }));
-}
-
-/// Removes the temporary files of programs that were killed during a save. A save takes seconds;
-/// one that began an hour ago is nobody's any more.
-void RemoveLeftovers(const std::string& folder) {
-  constexpr std::string_view Prefix = ".quib-";
-  constexpr std::time_t Hour = 3600;
-  std::vector<std::string> names;
-  (void)NamesIn(folder, names);  // what was not listed waits for the next save
-  for (const std::string& name : names) {
-    if (!name.starts_with(Prefix) || name.size() != Prefix.size() + 6) continue;
-    const std::string path = std::string(folder).append("/").append(name);
-    struct stat info {};
-    const bool old = ::lstat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
-                     info.st_mtime < std::time(nullptr) - Hour;
-    if (old) ::unlink(path.c_str());
-  }
-}
-
-/// Writes `content` under a new name in `folder`, flushed.
-FileStatus WriteTemporary(const std::string& folder, std::string_view content, std::string& path) {
-  Descriptor file = MakeTemporary(folder, path);
-  if (!file.IsOpen()) return StatusOfSystemError(errno);
-  FileStatus status = WriteAll(file.Number(), content);
-  if (status == FileStatus::Ok) status = Flush(file.Number());
-  if (const FileStatus closed = file.Close(); status == FileStatus::Ok) status = closed;
-  if (status != FileStatus::Ok) ::unlink(path.c_str());
-  return status;
-}
-
-/// After a rename the folder itself must reach the disk; a file system that cannot is not asked.
-void FlushFolder(const std::string& folder) {
-  const Descriptor handle = OpenFile(folder, O_RDONLY | O_DIRECTORY);
-  if (handle.IsOpen()) (void)Flush(handle.Number());
-}
 
 /// Replaces through a temporary file in the target's own folder.
 class RenamingReplacement : public FileReplacement {
@@ -70,10 +25,7 @@ class RenamingReplacement : public FileReplacement {
   bool ReplacesExisting() const override { return m_old.has_value(); }
 
   FileStatus Commit(std::string_view content) override {
-    FileStatus status = WriteAll(m_file.Number(), content);
-    KeepModeAndOwner();
-    if (status == FileStatus::Ok) status = Flush(m_file.Number());
-    if (const FileStatus closed = m_file.Close(); status == FileStatus::Ok) status = closed;
+    const FileStatus status = FillTemporary(m_file, content, m_old);
     if (status != FileStatus::Ok) return status;
     if (::rename(m_temporary.c_str(), m_target.c_str()) != 0) {
       return StatusForPath(m_target, errno);
@@ -85,17 +37,6 @@ class RenamingReplacement : public FileReplacement {
   }
 
  private:
-  void KeepModeAndOwner() {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    // Only the owner of everything may give files away; otherwise the file is the writer's.
-    if (m_old) {
-      (void)Uninterrupted([&] { return ::fchown(m_file.Number(), m_old->st_uid, m_old->st_gid); });
-    }
-    const mode_t mode = m_old ? m_old->st_mode & 07777 : 0666 & ~mask;
-    (void)Uninterrupted([&] { return ::fchmod(m_file.Number(), mode); });
-  }
-
   std::string m_target;
   std::optional<struct stat> m_old;
   std::string m_temporary;
@@ -148,18 +89,8 @@ class OverwritingReplacement : public FileReplacement {
 
 FileStatus BeginReplacement(std::string target, const std::string& safePlace,
                             std::unique_ptr<FileReplacement>& replacement) {
-  struct stat info {};
   std::optional<struct stat> old;
-  if (::stat(target.c_str(), &info) == 0) {
-    old = info;
-    if (S_ISDIR(info.st_mode)) return FileStatus::PathAccess;
-    if (!S_ISREG(info.st_mode)) return FileStatus::DeviceUnavailable;
-    // A rename would replace a write-protected file without a word.
-    if (::access(target.c_str(), W_OK) != 0) return StatusForPath(target, errno);
-  } else if (errno != ENOENT) {
-    return StatusForPath(target, errno);
-  }
-  if (target.size() - (target.rfind('/') + 1) > NAME_MAX) return FileStatus::IllegalName;
+  if (const FileStatus status = LookAtTarget(target, old); status != FileStatus::Ok) return status;
 
   std::string temporary;
   Descriptor file = MakeTemporary(FolderOf(target), temporary);

@@ -3,6 +3,8 @@
 #include "base/FileStatus.h"
 #include "base/Text.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -40,6 +42,33 @@ struct FolderContent {
   std::vector<Text> files;
 };
 
+/// What lies under a path, links followed.
+struct FileFacts {
+  Text realPath;           ///< absolute and free of links
+  bool isThere = false;    ///< else nothing but isLink says anything
+  bool isRegular = false;  ///< a file with a content, unlike a folder, a device or a pipe
+  bool isLink = false;     ///< the path itself is a link, perhaps to nothing
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;  ///< with `device`: which file it is, whatever it is called
+
+  bool IsSameFile(const FileFacts& other) const {
+    return isThere && other.isThere && device == other.device && number == other.number;
+  }
+};
+
+/// One of several files that are written together. The content stays the caller's.
+struct NewFile {
+  Text path;  ///< as the disk has it: neither letter case nor separators are searched for
+  std::string_view content;
+};
+
+/// How writing several files together ended.
+struct GroupResult {
+  FileStatus status = FileStatus::Ok;
+  std::size_t failed = 0;       ///< index of the file that could not be written
+  std::vector<Text> notUndone;  ///< what could not be put back as it was, after a failure
+};
+
 /// The file system as the program uses it. A path is found under its exact name first, else under
 /// the one name that differs in letter case only, part by part; both separators are understood.
 class Files {
@@ -60,7 +89,15 @@ class Files {
   /// content is known. A symbolic link is followed, the file's mode is kept.
   virtual FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) = 0;
 
+  /// Writes all of the files or none: every content lies on the disk before the first one takes its
+  /// place, and what was there is put back when a later one cannot. Files that are there are
+  /// replaced; a link is followed, a file's mode is kept. The folders must take new files.
+  virtual GroupResult ReplaceTogether(const std::vector<NewFile>& files) = 0;
+
   virtual FileStatus Remove(const Text& path) = 0;
+
+  /// What the path leads to. Nothing is opened; what cannot be looked at counts as not there.
+  virtual FileFacts Look(const Text& path) = 0;
 
   virtual FileStatus List(const Text& folder, FolderContent& content) = 0;
 

@@ -30,6 +30,15 @@ void PutSettings(FaultWorld& world) {
   LoadTopicList(world.topics, world.profile);
 }
 
+FileStatus WriteParts(FaultWorld& world) {
+  const GroupResult result =
+      world.files.ReplaceTogether({{world.PathOf("cards/part-1.QBC"), "new 1"},
+                                   {world.PathOf("cards/part-2.QBC"), "new 2"},
+                                   {world.PathOf("cards/part-3.QBC"), "new 3"}});
+  EXPECT_TRUE(result.notUndone.empty());
+  return result.status;
+}
+
 const Scenario Scenarios[] = {
     {"SaveANewStack", 165, [](FaultWorld& world) { world.MakeStack(); },
      [](FaultWorld& world) { return world.SaveNew("words.QBC"); }},
@@ -73,6 +82,15 @@ const Scenario Scenarios[] = {
        world.ProtectFolder("cards");
      },
      [](FaultWorld& world) { return world.SaveEdited("words.QBC"); }, true},
+    {"WriteSeveralNewFiles", 100, [](FaultWorld&) {},
+     [](FaultWorld& world) { return WriteParts(world); }},
+    {"WriteSeveralFilesOverOthers", 150,
+     [](FaultWorld& world) {
+       world.Put("cards/part-1.QBC", "old 1");
+       world.Put("safe/part-2.QBC", "old 2");
+       std::filesystem::create_symlink("../safe/part-2.QBC", world.On("cards/part-2.QBC"));
+     },
+     [](FaultWorld& world) { return WriteParts(world); }},
     {"DeleteAStack", 15, [](FaultWorld& world) { world.Put("cards/words.QBC", Old); },
      [](FaultWorld& world) {
        return DeleteStack(world.files, world.prompts, world.PathOf("cards"), u"words.QBC");

@@ -75,6 +75,32 @@ FileStatus MemoryFiles::Replace(const Text& path, std::unique_ptr<FileReplacemen
   return FileStatus::Ok;
 }
 
+GroupResult MemoryFiles::ReplaceTogether(const std::vector<NewFile>& files) {
+  for (const FileStatus failure : {failReplace, failCommit}) {
+    if (failure != FileStatus::Ok) return {failure, 0, {}};
+  }
+  for (const NewFile& file : files) Put(Resolve(file.path), std::string(file.content));
+  ++commits;
+  return {};
+}
+
+FileFacts MemoryFiles::Look(const Text& path) {
+  FileFacts facts;
+  const Text found = Resolve(path);
+  const auto file = m_files.find(found);
+  if (file != m_files.end()) {
+    facts.realPath = found;
+    facts.isThere = true;
+    facts.isRegular = true;
+    facts.number = reinterpret_cast<std::uintptr_t>(&file->second);
+  } else if (HasFolder(path)) {
+    facts.realPath = WithSeparator(path);
+    if (!facts.realPath.empty()) facts.realPath.pop_back();
+    facts.isThere = true;
+  }
+  return facts;
+}
+
 FileStatus MemoryFiles::Remove(const Text& path) {
   if (failRemove != FileStatus::Ok) return failRemove;
   return m_files.erase(Resolve(path)) == 1 ? FileStatus::Ok : FileStatus::FileNotFound;

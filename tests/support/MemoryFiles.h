@@ -27,7 +27,10 @@ class MemoryFiles : public Files {
   Text Find(const Text& path) override;
   FileStatus Read(const Text& path, std::string& content) override;
   FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override;
+  GroupResult ReplaceTogether(const std::vector<NewFile>& files) override;
   FileStatus Remove(const Text& path) override;
+  /// Paths are as real as they are; a file is told by where its content lies.
+  FileFacts Look(const Text& path) override;
   FileStatus List(const Text& folder, FolderContent& content) override;
   FileStatus MakeFolder(const Text& folder) override;
   std::unique_ptr<FileLock> Lock(const Text&) override { return nullptr; }

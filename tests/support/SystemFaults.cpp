@@ -77,6 +77,7 @@ ssize_t __real_write(int file, const void* bytes, size_t size);
 int __real_fsync(int file);
 int __real_close(int file);
 int __real_rename(const char* from, const char* to);
+int __real_link(const char* from, const char* to);
 int __real_unlink(const char* path);
 int __real_stat(const char* path, struct stat* info);
 int __real_lstat(const char* path, struct stat* info);
@@ -120,6 +121,9 @@ int __wrap_close(int file) {
 }
 int __wrap_rename(const char* from, const char* to) {
   return Call(SystemCall::Rename, -1, [&] { return __real_rename(from, to); });
+}
+int __wrap_link(const char* from, const char* to) {
+  return Call(SystemCall::Link, -1, [&] { return __real_link(from, to); });
 }
 int __wrap_unlink(const char* path) {
   return Call(SystemCall::Remove, -1, [&] { return __real_unlink(path); });
@@ -181,9 +185,9 @@ int __wrap_flock(int file, int operation) {
 
 std::string_view NameOf(SystemCall call) {
   constexpr std::string_view Names[] = {
-      "open",     "mkostemp", "read",  "write",     "fsync",   "close",   "rename",   "unlink",
-      "stat",     "lstat",    "fstat", "access",    "opendir", "readdir", "closedir", "readlink",
-      "realpath", "mkdir",    "lseek", "ftruncate", "fchown",  "fchmod",  "flock"};
+      "open",     "mkostemp", "read",  "write", "fsync",     "close",   "rename",  "link",
+      "unlink",   "stat",     "lstat", "fstat", "access",    "opendir", "readdir", "closedir",
+      "readlink", "realpath", "mkdir", "lseek", "ftruncate", "fchown",  "fchmod",  "flock"};
   return Names[static_cast<std::size_t>(call)];
 }
 
@@ -225,6 +229,9 @@ std::vector<SystemFault> FaultsOf(SystemCall call) {
       break;
     case SystemCall::Rename:
       add({}, {EIO, ENOSPC, EACCES, EBUSY});
+      break;
+    case SystemCall::Link:
+      add({}, {EIO, ENOSPC, EPERM, EMLINK});
       break;
     case SystemCall::Remove:
       add({}, {EIO, EACCES, EBUSY});

@@ -14,6 +14,7 @@ enum class SystemCall {
   Flush,
   Close,
   Rename,
+  Link,
   Remove,
   Stat,
   LinkStat,
