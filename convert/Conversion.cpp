@@ -3,12 +3,10 @@
 #include "base/CodePage.h"
 #include "base/Paths.h"
 #include "cards/CardStack.h"
-#include "convert/NativeStack.h"
+#include "convert/MediaFolders.h"
 
 #include <algorithm>
 #include <fmt/format.h>
-#include <iterator>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -24,99 +22,6 @@ Text NumberedPath(const Text& path, std::size_t number, std::size_t count) {
   Text digits = NumberText(static_cast<int>(number));
   digits.insert(0, width - digits.size(), u'0');
   return folder + name.substr(0, dot) + u"-" + digits + name.substr(dot);
-}
-
-/// Where the media of a deck are, and under which bare names they go on.
-class MediaPlan {
- public:
-  MediaPlan(TextView folder, Findings& findings) : m_folder(folder), m_findings(findings) {}
-
-  /// Makes the names of a deck's media bare ones.
-  void MakeBare(Deck& deck) {
-    for (DeckCard& card : deck.cards) {
-      for (DeckSide& side : card.sides) {
-        MakeBare(side.sound, card.line);
-        MakeBare(side.picture, card.line);
-      }
-    }
-  }
-
-  /// The sources by bare name.
-  const std::map<Text, Text>& Sources() const { return m_sources; }
-  /// Names that had a folder before them.
-  const std::map<Text, Text>& Renamed() const { return m_renamed; }
-
- private:
-  void MakeBare(Text& name, int line) {
-    if (name.empty()) return;
-    constexpr TextView FileAddress = u"file://";
-    TextView path = name;
-    if (path.starts_with(FileAddress)) path.remove_prefix(FileAddress.size());
-    const Text bare(BareMediaName(path));
-    const bool fromRoot = IsSeparator(path.front());
-    const Text source = fromRoot ? Text(path) : m_folder + Text(path);
-    const auto [place, isNew] = m_sources.try_emplace(bare, source);
-    if (!isNew && place->second != source) {
-      m_findings.push_back(Found(FindingKind::MediaName, line,
-                                 fmt::format("{} and {} have the same name; the first one is taken",
-                                             Quoted(place->second), Quoted(source))));
-    }
-    if (bare != name) m_renamed.try_emplace(name, bare);
-    name = bare;
-  }
-
-  Text m_folder;
-  Findings& m_findings;
-  std::map<Text, Text> m_sources;
-  std::map<Text, Text> m_renamed;
-};
-
-/// Media names that stand in the cards; a set in the order of names.
-std::map<Text, int> NamesIn(const Deck& deck) {
-  std::map<Text, int> names;
-  for (const DeckCard& card : deck.cards) {
-    for (const DeckSide& side : card.sides) {
-      if (!side.sound.empty()) names.try_emplace(side.sound, card.line);
-      if (!side.picture.empty()) names.try_emplace(side.picture, card.line);
-    }
-  }
-  return names;
-}
-
-void PlanMedia(Files& files, Deck& deck, DeckFormat to, const Text& inPath, const Text& outPath,
-               bool copy, Conversion& conversion) {
-  const Text inFolder(FolderPart(inPath));
-  const Text outFolder(FolderPart(outPath));
-  Findings& findings = conversion.findings;
-  MediaPlan plan(inFolder, findings);
-  const bool isStack = to == DeckFormat::Stack;
-  if (isStack || copy) plan.MakeBare(deck);
-  if (!copy) {
-    for (const auto& [path, bare] : plan.Renamed()) {
-      findings.push_back(
-          Found(FindingKind::MediaName, 0,
-                fmt::format("{} is called {} from now on: media lie beside their stack "
-                            "(--media copy puts them there)",
-                            Quoted(path), Quoted(bare))));
-    }
-    const std::size_t count = NamesIn(deck).size();
-    if (count > 0 && plan.Renamed().empty() && inFolder != outFolder) {
-      findings.push_back(Remarked(0, fmt::format("{} pictures and sounds stay where they are "
-                                                 "(--media copy takes them along)",
-                                                 count)));
-    }
-    return;
-  }
-  for (const auto& [name, line] : NamesIn(deck)) {
-    if (isStack && !IsSoundName(name) && !IsPictureName(name)) continue;  // it will be listed
-    const Text source = files.Find(plan.Sources().at(name));
-    if (source.empty()) {
-      findings.push_back(Found(FindingKind::MissingMedia, line,
-                               fmt::format("{} is not there and is not copied", Quoted(name))));
-    } else if (const Text target = outFolder + name; files.Find(target) != source) {
-      conversion.media.push_back({source, target});
-    }
-  }
 }
 
 bool Fail(Conversion& conversion, FindingKind kind, std::string message) {
@@ -154,24 +59,60 @@ bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
   return true;
 }
 
-void CopyMedia(Files& files, const MediaCopy& copy, bool force, Findings& findings) {
-  const auto fail = [&](FindingKind kind, std::string_view why) {
-    findings.push_back(
-        Found(kind, 0, fmt::format("{} is not copied: {}", Quoted(copy.source), why)));
-  };
-  std::string bytes;
-  FileStatus status = files.Read(copy.source, bytes);
-  if (std::string old; status == FileStatus::Ok && files.Read(copy.target, old) == FileStatus::Ok) {
-    if (old == bytes) return;
-    if (!force) {
-      fail(FindingKind::MediaName, "another file of that name is there (--force replaces it)");
-      return;
+/// Gives the outputs the names that their files have on the disk.
+/// @return false when there are such files and they are not to be replaced
+bool TakeNamesOnDisk(Files& files, Conversion& conversion) {
+  MediaFolders folders(files);  // one look into the folder, for however many parts
+  for (OutputFile& output : conversion.outputs) {
+    const Text folder(FolderPart(output.path));
+    const TextView name = BaseName(output.path);
+    Text found;
+    switch (folders.Look(folder, name, found)) {
+      case MediaFolders::Presence::There:
+        found = output.path;
+        break;
+      case MediaFolders::Presence::OtherCase:
+        found = folder + found;
+        break;
+      case MediaFolders::Presence::Ambiguous:
+      case MediaFolders::Presence::Missing:
+        found =
+            name.starts_with(u'.') ? files.Find(output.path) : Text();  // lists lack hidden ones
+        break;
     }
+    if (found.empty()) continue;
+    if (!conversion.way.force) {
+      return Fail(conversion, FindingKind::Unreadable,
+                  fmt::format("{} exists (--force replaces it)", Quoted(output.path)));
+    }
+    output.path = found;
   }
+  return true;
+}
+
+bool WriteOne(Files& files, Conversion& conversion) {
+  const OutputFile& output = conversion.outputs.front();
   std::unique_ptr<FileReplacement> replacement;
-  if (status == FileStatus::Ok) status = files.Replace(copy.target, replacement);
-  if (status == FileStatus::Ok) status = replacement->Commit(bytes);
-  if (status != FileStatus::Ok) fail(FindingKind::Unreadable, ToUtf8(ErrorText(status)));
+  FileStatus status = files.Replace(output.path, replacement);
+  if (status == FileStatus::Ok) status = replacement->Commit(output.bytes);
+  if (status == FileStatus::Ok) return true;
+  return Fail(conversion, FindingKind::Unreadable,
+              fmt::format("{} is not written: {}", Quoted(output.path), ToUtf8(ErrorText(status))));
+}
+
+bool WriteParts(Files& files, Conversion& conversion) {
+  std::vector<NewFile> parts;
+  for (const OutputFile& output : conversion.outputs) parts.push_back({output.path, output.bytes});
+  const GroupResult result = files.ReplaceTogether(parts);
+  if (result.status == FileStatus::Ok) return true;
+  for (const Text& path : result.notUndone) {
+    conversion.findings.push_back(
+        Failed(FindingKind::Unreadable, 0,
+               fmt::format("{} is left over and holds what could not be put back", Quoted(path))));
+  }
+  return Fail(conversion, FindingKind::Unreadable,
+              fmt::format("{} is not written, and no other part: {}",
+                          Quoted(parts[result.failed].path), ToUtf8(ErrorText(result.status))));
 }
 
 }  // namespace
@@ -206,33 +147,24 @@ bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, co
         0, fmt::format("no topic; it becomes {} (--topic says another)", Quoted(TopicWithout))));
   }
   if (options.swap) SwapSides(deck);
-  PlanMedia(files, deck, *to, inPath, outPath, options.copyMedia, conversion);
+  conversion.way = {inPath, outPath, *to == DeckFormat::Stack, options.copyMedia, options.force};
+  const std::size_t before = conversion.findings.size();
+  if (!PlanMedia(files, deck, conversion.way, conversion.media, conversion.findings)) return false;
+  if (options.copyMedia) conversion.mediaLeft = conversion.findings.size() - before;
   if (!EncodeOutputs(deck, *to, outPath, options, conversion)) return false;
   return !options.strict || WorstOf(conversion.findings) == Severity::Remark;
 }
 
-bool WriteConversion(Files& files, Conversion& conversion, bool force) {
-  std::vector<std::unique_ptr<FileReplacement>> replacements;
-  for (const OutputFile& output : conversion.outputs) {
-    if (!force && files.Exists(output.path)) {
-      return Fail(conversion, FindingKind::Unreadable,
-                  fmt::format("{} exists (--force replaces it)", Quoted(output.path)));
-    }
-    const FileStatus status = files.Replace(output.path, replacements.emplace_back());
-    if (status != FileStatus::Ok) {
-      return Fail(
-          conversion, FindingKind::Unreadable,
-          fmt::format("{} cannot be written: {}", Quoted(output.path), ToUtf8(ErrorText(status))));
-    }
-  }
-  for (std::size_t i = 0; i < replacements.size(); ++i) {
-    const FileStatus status = replacements[i]->Commit(conversion.outputs[i].bytes);
-    if (status != FileStatus::Ok) {
-      return Fail(conversion, FindingKind::Unreadable,
-                  fmt::format("{} is not written: {}", Quoted(conversion.outputs[i].path),
-                              ToUtf8(ErrorText(status))));
-    }
-  }
-  for (const MediaCopy& copy : conversion.media) CopyMedia(files, copy, force, conversion.findings);
+bool WriteConversion(Files& files, Conversion& conversion) {
+  if (!TakeNamesOnDisk(files, conversion)) return false;
+  const bool written =
+      conversion.outputs.size() == 1 ? WriteOne(files, conversion) : WriteParts(files, conversion);
+  if (!written || conversion.media.empty()) return written;
+  std::vector<Text> paths;
+  for (const OutputFile& output : conversion.outputs) paths.push_back(output.path);
+  Findings left;
+  conversion.mediaCopied = CopyMedia(files, conversion.way, paths, conversion.media, left);
+  conversion.mediaLeft += left.size();
+  conversion.findings.insert(conversion.findings.end(), left.begin(), left.end());
   return true;
 }

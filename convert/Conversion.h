@@ -2,6 +2,7 @@
 
 #include "base/Files.h"
 #include "convert/Formats.h"
+#include "convert/MediaCopy.h"
 
 #include <optional>
 #include <string>
@@ -28,15 +29,12 @@ struct OutputFile {
   std::size_t cards = 0;
 };
 
-/// A picture or sound to be copied.
-struct MediaCopy {
-  Text source;
-  Text target;
-};
-
 struct Conversion {
   std::vector<OutputFile> outputs;
-  std::vector<MediaCopy> media;  ///< those that were found
+  MediaWay way;
+  std::vector<MediaCopy> media;  ///< what can be copied
+  std::size_t mediaLeft = 0;     ///< how many could not, by the findings
+  std::size_t mediaCopied = 0;
   Findings findings;
 };
 
@@ -48,7 +46,6 @@ struct Conversion {
 bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, const Text& outPath,
                     const ConvertOptions& options, Conversion& conversion);
 
-/// Writes the outputs, each as a whole, then copies the media. Before the first byte is written, it
-/// is known that every file can be.
-/// @return false when some output was not written; the last finding says why
-bool WriteConversion(Files& files, Conversion& conversion, bool force);
+/// Writes the outputs, all of them or none, then copies the media.
+/// @return false when no output was written; the last finding says why
+bool WriteConversion(Files& files, Conversion& conversion);

@@ -67,8 +67,9 @@ constexpr const char* ConvertWords =
     "output.\n"
     "What OUT cannot hold is listed on the standard error output, and nothing is lost without "
     "being\n"
-    "listed. OUT is written as a whole or not at all, and never over an existing file without\n"
-    "--force.";
+    "listed. OUT, all parts of it with --split, is written as a whole or not at all, and never "
+    "over an\n"
+    "existing file without --force.";
 constexpr const char* ConvertFooter =
     "Examples:\n"
     "  quibconv convert words.csv words.QBC --topic Spanish --description \"Unit 3\"\n"

@@ -194,7 +194,7 @@ int RunConvert(const Request& request, Surroundings& around) {
     return AllIsWell;
   }
   conversion.findings.clear();
-  const bool written = WriteConversion(around.files, conversion, request.options.force);
+  const bool written = WriteConversion(around.files, conversion);
   around.error(FindingLines(inPath, conversion.findings, LimitsOf(request)));
   if (!written) return Unusable;
   if (!request.quiet) {
@@ -203,10 +203,13 @@ int RunConvert(const Request& request, Surroundings& around) {
                              output.cards == 1 ? "" : "s"));
     }
     if (request.options.copyMedia) {
-      around.out(fmt::format("{} pictures and sounds copied\n", conversion.media.size()));
+      around.out(fmt::format("{} copied\n",
+                             conversion.mediaCopied == 1
+                                 ? "1 picture or sound"
+                                 : fmt::format("{} pictures and sounds", conversion.mediaCopied)));
     }
   }
-  return conversion.findings.empty() ? AllIsWell : SomethingFound;
+  return conversion.mediaLeft == 0 ? AllIsWell : SomethingFound;
 }
 
 }  // namespace

@@ -67,6 +67,20 @@ class Conversions(QuibconvTest):
         self.assertEqual(self.run_it("check", "out").stdout,
                          b"1 file checked: 1 clean, 0 with findings (0), 0 unusable\n")
 
+    def test_media_that_are_left_say_so(self):
+        self.put("deck/words.csv", b"Front,Back,Front picture,Back picture\n"
+                                   b"a,b,../secret.jpg,dog.jpg\nc,d,none.jpg,file:///etc/hostname\n")
+        self.put("secret.jpg", b"secret")
+        self.put("deck/dog.jpg", b"dog")
+        (self.folder / "out").mkdir()
+        result = self.run_it("convert", "--media", "copy", "deck/words.csv", "out/words.kvtml", expect=1)
+        self.assertEqual(result.stdout, b"out/words.kvtml: 2 cards\n1 picture or sound copied\n")
+        self.assertEqual(result.stderr.count(b"not copied"), 3)
+        self.assertEqual(sorted(os.listdir(self.folder / "out")), ["dog.jpg", "words.kvtml"])
+        self.run_it("convert", "--strict", "--force", "--media", "copy", "deck/words.csv", "out/x.kvtml",
+                    expect=1)
+        self.assertFalse((self.folder / "out" / "x.kvtml").exists())
+
     def test_an_existing_file_stays_without_force(self):
         old = self.put("words.QBC", b"old")
         self.put("words.csv", b"a,b\n")

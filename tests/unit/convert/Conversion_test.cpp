@@ -15,7 +15,7 @@ class ConversionTest : public testing::Test {
     std::string bytes;
     EXPECT_EQ(files.Read(in, bytes), FileStatus::Ok);
     if (!PlanConversion(files, bytes, in, out, options, conversion)) return false;
-    return WriteConversion(files, conversion, options.force);
+    return WriteConversion(files, conversion);
   }
   bool Found(FindingKind kind) const {
     return std::any_of(conversion.findings.begin(), conversion.findings.end(),
