@@ -1,22 +1,21 @@
 #include "keys/VirtualKeys.h"
 
 #include "keys/KeyAssignment.h"
+#include "keys/KeyCodes.h"
 
 #include <QKeyEvent>
 
 #include <array>
-#include <string_view>
 
 namespace {
 
 struct KeyCode {
-  int key;  // a Qt::Key, or a character
+  int key;  // a Qt::Key
   int code;
 };
 
 constexpr int CodeOfKeypadZero = 96;
 constexpr int CodeOfF1 = 112;
-constexpr int CodeOfOem102 = 226;
 
 // Source: the virtual-key codes of the desktop that the key table was made on.
 constexpr std::array SpecialKeys = {
@@ -38,33 +37,12 @@ constexpr std::array KeypadOperators = {
     KeyCode{Qt::Key_Slash, 111},
 };
 
-// The symbols of the US layout, without and with Shift.
-constexpr std::array Symbols = {
-    KeyCode{')', '0'},  KeyCode{'!', '1'},  KeyCode{'@', '2'}, KeyCode{'#', '3'}, KeyCode{'$', '4'},
-    KeyCode{'%', '5'},  KeyCode{'^', '6'},  KeyCode{'&', '7'}, KeyCode{'*', '8'}, KeyCode{'(', '9'},
-    KeyCode{';', 186},  KeyCode{':', 186},  KeyCode{'=', 187}, KeyCode{'+', 187}, KeyCode{',', 188},
-    KeyCode{'<', 188},  KeyCode{'-', 189},  KeyCode{'_', 189}, KeyCode{'.', 190}, KeyCode{'>', 190},
-    KeyCode{'/', 191},  KeyCode{'?', 191},  KeyCode{'`', 192}, KeyCode{'~', 192}, KeyCode{'[', 219},
-    KeyCode{'{', 219},  KeyCode{'\\', 220}, KeyCode{'|', 220}, KeyCode{']', 221}, KeyCode{'}', 221},
-    KeyCode{'\'', 222}, KeyCode{'"', 222},
+// Dead keys by the combining character that they stand for.
+constexpr std::array DeadKeys = {
+    KeyCode{Qt::Key_Dead_Grave, 0x300},      KeyCode{Qt::Key_Dead_Acute, 0x301},
+    KeyCode{Qt::Key_Dead_Circumflex, 0x302}, KeyCode{Qt::Key_Dead_Tilde, 0x303},
+    KeyCode{Qt::Key_Dead_Diaeresis, 0x308},
 };
-
-/// Neighbouring keys of a keyboard row. Scan codes as X11 and Wayland report them: the kernel's
-/// code plus 8.
-struct KeyRow {
-  quint32 firstScanCode;
-  std::string_view codes;
-};
-
-constexpr std::array KeyRows = {
-    KeyRow{10, "1234567890\xBD\xBB"},     // 10..21: digits, - =
-    KeyRow{24, "QWERTYUIOP\xDB\xDD"},     // 24..35: letters, [ ]
-    KeyRow{38, "ASDFGHJKL\xBA\xDE\xC0"},  // 38..49: letters, ; ' `
-    KeyRow{51,
-           "\xDC"
-           "ZXCVBNM\xBC\xBE\xBF"},  // 51..61: backslash, letters, , . /
-};
-constexpr quint32 ScanCodeOfOem102 = 94;
 
 template <class Table>
 int Find(const Table& table, int key) {
@@ -74,39 +52,45 @@ int Find(const Table& table, int key) {
   return 0;
 }
 
-int CodeOfScanCode(quint32 scanCode) {
-  for (const KeyRow& row : KeyRows) {
-    if (scanCode < row.firstScanCode) continue;
-    const quint32 place = scanCode - row.firstScanCode;
-    if (place < row.codes.size()) return static_cast<unsigned char>(row.codes[place]);
-  }
-  return scanCode == ScanCodeOfOem102 ? CodeOfOem102 : 0;
-}
-
 int CodeOfKeypad(int key) {
   if (key >= Qt::Key_0 && key <= Qt::Key_9) return CodeOfKeypadZero + key - Qt::Key_0;
   return Find(KeypadOperators, key);
 }
 
-int CodeOfSymbol(int key) {
-  if (key >= Qt::Key_0 && key <= Qt::Key_9) return key;
-  return Find(Symbols, key);
+/// 0 for a key that is no character
+char32_t SymbolOf(int key) {
+  if (key > 0 && key < Qt::Key_Escape) return static_cast<char32_t>(key);
+  return static_cast<char32_t>(Find(DeadKeys, key));
 }
+
+PressedKey PressedKeyOf(const QKeyEvent& event) {
+  return {.symbol = SymbolOf(event.key()),
+          .scanCode = event.nativeScanCode(),
+          .shift = (event.modifiers() & Qt::ShiftModifier) != 0};
+}
+
+bool IsOnKeypad(const QKeyEvent& event) { return (event.modifiers() & Qt::KeypadModifier) != 0; }
 
 }  // namespace
 
 int VirtualKeyOf(const QKeyEvent& event) {
   const int key = event.key();
-  if (key >= Qt::Key_A && key <= Qt::Key_Z) return key;
   if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return CodeOfF1 + key - Qt::Key_F1;
-  if ((event.modifiers() & Qt::KeypadModifier) != 0) {
+  if (IsOnKeypad(event)) {
     if (const int code = CodeOfKeypad(key); code != 0) return code;
   }
   if (const int code = Find(SpecialKeys, key); code != 0) return code;
-  // From here on key() is a symbol, which the layout and Shift have chosen; the scan code is the
-  // key's own. Without one the symbol has to do.
-  if (const int code = CodeOfScanCode(event.nativeScanCode()); code != 0) return code;
-  return CodeOfSymbol(key);
+  return CodeOfTypingKey(PressedKeyOf(event));
+}
+
+std::optional<int> DigitOfKey(const QKeyEvent& event) {
+  const int key = event.key();
+  if (IsOnKeypad(event)) {
+    if (key < Qt::Key_0 || key > Qt::Key_9) return std::nullopt;
+    return key - Qt::Key_0;
+  }
+  if (SymbolOf(key) == 0 || key == Qt::Key_Space) return std::nullopt;
+  return DigitOfTypingKey(PressedKeyOf(event));
 }
 
 int ShiftStateOf(const QKeyEvent& event) {

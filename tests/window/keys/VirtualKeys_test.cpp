@@ -136,6 +136,37 @@ TEST(VirtualKeyOf, KnowsNoCodeForOtherKeys) {
   }
 }
 
+TEST(VirtualKeyOf, KnowsDeadKeysByTheirPlace) {
+  EXPECT_EQ(CodeOf(Qt::Key_Dead_Circumflex, Qt::ControlModifier, 34), 219) << "^ in France";
+  EXPECT_EQ(CodeOf(Qt::Key_Dead_Acute, Qt::ControlModifier, 48), 191) << "where ' is elsewhere";
+}
+
+std::optional<int> DigitOf(int key, Qt::KeyboardModifiers modifiers = {}, quint32 scanCode = 0) {
+  return DigitOfKey(QKeyEvent(QEvent::KeyPress, key, modifiers, scanCode, 0, 0));
+}
+
+TEST(DigitOfKey, IsByPlaceWhateverTheLayoutPrintsThere) {
+  EXPECT_EQ(DigitOf(Qt::Key_Ampersand, {}, 10), 1);
+  EXPECT_EQ(DigitOf(Qt::Key_1, Qt::ShiftModifier, 10), 1);
+  EXPECT_EQ(DigitOf(Qt::Key_QuoteDbl, {}, 12), 3);
+  EXPECT_EQ(DigitOf(Qt::Key_Agrave, {}, 19), 0);
+}
+
+TEST(DigitOfKey, KnowsTheKeypadAndKeysWithoutAPlace) {
+  EXPECT_EQ(DigitOf(Qt::Key_4, Qt::KeypadModifier, 83), 4);
+  EXPECT_EQ(DigitOf(Qt::Key_2), 2);
+}
+
+TEST(DigitOfKey, IsNothingForOtherKeys) {
+  EXPECT_FALSE(DigitOf(Qt::Key_Left, Qt::KeypadModifier, 83));
+  EXPECT_FALSE(DigitOf(Qt::Key_Plus, Qt::KeypadModifier, 86));
+  EXPECT_FALSE(DigitOf(Qt::Key_Escape, {}, 9));
+  EXPECT_FALSE(DigitOf(Qt::Key_Return, {}, 36));
+  EXPECT_FALSE(DigitOf(Qt::Key_Space, {}, 65));
+  EXPECT_FALSE(DigitOf(Qt::Key_F1, {}, 67));
+  EXPECT_FALSE(DigitOf(Qt::Key_Q, {}, 24));
+}
+
 TEST(ShiftStateOf, AddsShiftCtrlAndAlt) {
   for (int state = 0; state < 8; ++state) {
     Qt::KeyboardModifiers modifiers;
