@@ -361,36 +361,37 @@ void frmEdit::mnuDesc_Click() {
   frmDesc(m_shared, m_platform, this).ShowModal();
 }
 
+/// The rows that a key moves the selection by; 0 for any other key.
+int frmEdit::RowsMovedBy(int key) {
+  switch (key) {
+    case Qt::Key_Up:
+      return -1;
+    case Qt::Key_Down:
+      return 1;
+    case Qt::Key_PageUp:
+      return -RowsPerPage;
+    case Qt::Key_PageDown:
+      return RowsPerPage;
+    case Qt::Key_Home:
+      return -MaxCards;
+    case Qt::Key_End:
+      return MaxCards;
+    default:
+      return 0;
+  }
+}
+
+/// The list is moved through from the buttons too: one card after the other can be struck out.
 void frmEdit::keyPressEvent(QKeyEvent* event) {
   const bool inRows = sspListBox->hasFocus();
-  switch (event->key()) {
-    case Qt::Key_Up:
-      if (inRows) MoveSelection(-1);
-      break;
-    case Qt::Key_Down:
-      if (inRows) MoveSelection(1);
-      break;
-    case Qt::Key_PageUp:
-      if (inRows) MoveSelection(-RowsPerPage);
-      break;
-    case Qt::Key_PageDown:
-      if (inRows) MoveSelection(RowsPerPage);
-      break;
-    case Qt::Key_Home:
-      if (inRows) MoveSelection(-MaxCards);
-      break;
-    case Qt::Key_End:
-      if (inRows) MoveSelection(MaxCards);
-      break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (inRows) {
-        cmdEdit_Click();
-        break;
-      }
-      [[fallthrough]];
-    default:
-      Form::keyPressEvent(event);
+  const bool onButton = qobject_cast<QPushButton*>(focusWidget()) != nullptr;
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (const int rows = RowsMovedBy(event->key()); rows != 0) {
+    if (inRows || onButton) MoveSelection(rows);
+  } else if (inRows && enter) {
+    cmdEdit_Click();
+  } else {
+    Form::keyPressEvent(event);
   }
 }
 

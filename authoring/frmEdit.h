@@ -55,6 +55,7 @@ class frmEdit : public Form {
   void Row_Click(int row, int side);
   void vsbBar_Change(int topCard);
   void MoveSelection(int rows);
+  static int RowsMovedBy(int key);
   void ShowListFocus(bool focused);
   void TurnWheel(int delta);
   void cmdEdit_Click();

@@ -1,8 +1,10 @@
 #include "shell/Form.h"
 
 #include "base/QtText.h"
+#include "shell/ArrowKeys.h"
 #include "shell/FitScreen.h"
 #include "shell/Pointer.h"
+#include "shell/SharedMnemonics.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -28,7 +30,10 @@ Form::~Form() {
 
 void Form::TameControl(QWidget* control) {
   if (auto* const button = qobject_cast<QPushButton*>(control)) button->setAutoDefault(false);
-  if (qobject_cast<QAbstractButton*>(control) != nullptr) control->installEventFilter(this);
+  if (auto* const button = qobject_cast<QAbstractButton*>(control)) {
+    button->installEventFilter(this);
+    LeaveArrowKeysToWindow(button);
+  }
   if (auto* const label = qobject_cast<QLabel*>(control)) label->setTextFormat(Qt::PlainText);
 }
 
@@ -123,33 +128,21 @@ bool Form::event(QEvent* event) {
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QDialog::eventFilter(watched, event);
   const auto& shortcut = *static_cast<QShortcutEvent*>(event);
-  auto* const button = shortcut.isAmbiguous() ? OnlyButtonOf(shortcut.key())
-                                              : qobject_cast<QAbstractButton*>(watched);
+  auto* button = qobject_cast<QAbstractButton*>(watched);
+  if (shortcut.isAmbiguous()) {
+    if (QAction* const head = MenuHeadOf(*this, shortcut.key())) {
+      OpenMenuHead(*head);
+      return true;
+    }
+    // The menu bar holds the keys of menus that cannot be opened now all the same.
+    button = OnlyButtonOf(*this, shortcut.key());
+  }
   if (button == nullptr) return QDialog::eventFilter(watched, event);
   // A mnemonic would press the button for a moment and act after it; the key typed next would then
   // act before it.
   button->setFocus(Qt::ShortcutFocusReason);
   button->click();
   return true;
-}
-
-/// The button that a key is meant for where it shares the key with menus that cannot be opened now;
-/// the menu bar holds their keys all the same. Nothing when a menu can be opened, or when several
-/// buttons have the key: then each press comes to the next of them.
-QAbstractButton* Form::OnlyButtonOf(const QKeySequence& key) const {
-  for (const QMenuBar* const bar : findChildren<QMenuBar*>()) {
-    for (const QAction* const head : bar->actions()) {
-      const bool opens = head->isVisible() && head->isEnabled();
-      if (opens && QKeySequence::mnemonic(head->text()) == key) return nullptr;
-    }
-  }
-  QAbstractButton* only = nullptr;
-  for (QAbstractButton* const button : findChildren<QAbstractButton*>()) {
-    if (!button->isVisible() || !button->isEnabled() || button->shortcut() != key) continue;
-    if (only != nullptr) return nullptr;
-    only = button;
-  }
-  return only;
 }
 
 void Form::changeEvent(QEvent* event) {

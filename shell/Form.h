@@ -8,7 +8,6 @@
 #include <initializer_list>
 #include <utility>
 
-class QAbstractButton;
 class QAction;
 class QMenu;
 class QMenuBar;
@@ -76,7 +75,6 @@ class Form : public QDialog {
 
  private:
   void TameControl(QWidget* control);
-  QAbstractButton* OnlyButtonOf(const QKeySequence& key) const;
 
   QPushButton* m_okButton = nullptr;
   QPushButton* m_cancelButton = nullptr;

@@ -3,6 +3,8 @@
 #include "tests/window/study/StudyFixture.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -32,18 +34,61 @@ class SharedKeysTest : public StudyWindowTest {
 
 }  // namespace
 
-TEST_F(SharedKeysTest, EditKeyComesToButtonAndMenuInTurn) {
+TEST_F(SharedKeysTest, EditKeyOpensTheMenuAtOnceAndLeavesTheFocus) {
   LoadStack(u"Verbs", 5);
   frmFind find(shared, platform, nullptr);
   frmEdit window(shared, platform, nullptr, find);
   window.show();
   WaitUntilActive(window);
-  for (const char* const from : {"sspListBox", "txtFront", "cmdEnd"}) {
+  for (const char* const from : {"sspListBox", "txtFront", "txtBackWave", "cmdEnd"}) {
     SCOPED_TRACE(from);
     Find<QWidget>(window, from).setFocus();
-    EXPECT_EQ(Press(window, Qt::Key_E), "cmdEdit");
-    EXPECT_EQ(Press(window, Qt::Key_E), "mnuEdit");
+    for (int press = 0; press < 3; ++press) {
+      EXPECT_EQ(Press(window, Qt::Key_E), "mnuEdit");
+      EXPECT_EQ(window.focusWidget()->objectName(), from);
+    }
   }
+}
+
+TEST_F(SharedKeysTest, EditKeyKeepsWhatIsSelectedForTheMenu) {
+  LoadStack(u"Verbs", 5);
+  frmFind find(shared, platform, nullptr);
+  frmEdit window(shared, platform, nullptr, find);
+  window.show();
+  WaitUntilActive(window);
+  QTest::keyClick(&Find<QWidget>(window, "sspListBox"), Qt::Key_Down);
+  for (const auto& [field, text] : {std::pair{"txtFront", "front 1"}, {"txtBackWave", "x.wav"}}) {
+    SCOPED_TRACE(field);
+    auto& box = Find<QWidget>(window, field);
+    box.setFocus();
+    if (box.inherits("QLineEdit")) QTest::keyClicks(&box, text);
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_E, Qt::AltModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(Find<QAction>(window, "mnuCut").isEnabled());
+    QTest::keyClick(menu, Qt::Key_T);
+    EXPECT_EQ(QApplication::clipboard()->text(), text);
+    EXPECT_TRUE(box.hasFocus());
+  }
+}
+
+TEST_F(SharedKeysTest, FindKeysOpenTheMenusWhileTypingAndTurnNoBox) {
+  LoadStack(u"Verbs", 5);
+  frmFind window(shared, platform, nullptr);
+  window.show();
+  WaitUntilActive(window);
+  auto& field = Find<QLineEdit>(window, "txtFind");
+  field.setText("dog");
+  field.setFocus();
+  field.selectAll();
+  for (const auto& [key, menu] : {std::pair{Qt::Key_F, "mnuFKeys"}, {Qt::Key_B, "mnuBKeys"}}) {
+    for (int press = 0; press < 2; ++press) EXPECT_EQ(Press(window, key), menu);
+  }
+  EXPECT_TRUE(Find<QCheckBox>(window, "sscFront").isChecked());
+  EXPECT_TRUE(Find<QCheckBox>(window, "sscBack").isChecked());
+  EXPECT_TRUE(field.hasFocus());
+  EXPECT_EQ(field.selectedText(), "dog");
 }
 
 TEST_F(SharedKeysTest, FindKeyTurnsTheCheckBoxWhileItsMenuCannotBeOpened) {
@@ -80,8 +125,10 @@ TEST_F(SharedKeysTest, SpellersKeyOpensTheMenuWhileTypingAndTurnsTheCardAfterwar
   frmStepper& window = Open(2, {1, 2}, StudyMode::Speller);
   Next(window);
   ASSERT_EQ(WhereItIs(window), "txtSpell");
-  EXPECT_EQ(Press(window, Qt::Key_B), "mnuBKeys");
-  Find<QWidget>(window, "txtSpell").setFocus();
+  for (int press = 0; press < 2; ++press) {
+    EXPECT_EQ(Press(window, Qt::Key_B), "mnuBKeys");
+    EXPECT_EQ(window.focusWidget()->objectName(), "txtSpell");
+  }
   Next(window);
   EXPECT_EQ(Press(window, Qt::Key_B), "cmdNext");
   EXPECT_TRUE(Find<QRadioButton>(window, "ssoBack").isChecked());

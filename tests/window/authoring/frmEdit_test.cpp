@@ -407,6 +407,24 @@ TEST_F(frmEditTest, ATextIsStoredWhenItsFieldLosesTheFocus) {
   });
 }
 
+TEST_F(frmEditTest, ArrowKeysOnAButtonMoveTheSelectionAndNeverTheFocus) {
+  WithEditor(8, [](frmEdit& window) {
+    ClickRow(window, 1);
+    QTest::keyClick(window.focusWidget(), Qt::Key_D, Qt::AltModifier);
+    ASSERT_TRUE(Button(window, "cmdDel").hasFocus());
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Left}) {
+      QTest::keyClick(window.focusWidget(), key);
+      EXPECT_TRUE(Button(window, "cmdDel").hasFocus());
+    }
+    EXPECT_EQ(Position(window), "3/8");
+    QTest::keyClick(window.focusWidget(), Qt::Key_D, Qt::AltModifier);
+    EXPECT_TRUE(IsStruckOut(window, 1));
+    EXPECT_TRUE(IsStruckOut(window, 2));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Up);
+    EXPECT_EQ(Position(window), "2/8");
+  });
+}
+
 // --- No way out of a field loses what was typed ---
 
 class frmEditWaysOut : public frmEditTest {
