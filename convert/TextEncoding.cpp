@@ -64,13 +64,12 @@ class Converter {
   std::size_t Feed(std::string_view input, std::string& output) {
     char* in = const_cast<char*>(input.data());  // the system's call changes nothing there
     std::size_t left = input.size();
-    std::array<char, 4096> block{};
     while (left > 0) {
-      char* out = block.data();
-      std::size_t room = block.size();
+      char* out = m_block.data();
+      std::size_t room = m_block.size();
       const std::size_t done = ::iconv(m_handle, &in, &left, &out, &room);
       const int error = errno;
-      output.append(block.data(), block.size() - room);
+      output.append(m_block.data(), m_block.size() - room);
       if (done == static_cast<std::size_t>(-1) && error != E2BIG) return left;
     }
     return 0;
@@ -86,6 +85,7 @@ class Converter {
 
   iconv_t m_handle;
   bool m_encodeInstead = false;
+  std::array<char, 4096> m_block{};  // here, because filling it for each wrong byte would take long
 };
 
 /// By the mark at the start, or by what the bytes can be.
