@@ -205,6 +205,11 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
         Found(FindingKind::LostField, 0,
               fmt::format("{} is left out: a side has one picture and one sound", Quoted(name))));
   }
+  if (losses.moreMedia > 0) {
+    findings.push_back(
+        Found(FindingKind::LostField, 0,
+              fmt::format("{} more pictures and sounds are left out", losses.moreMedia)));
+  }
   return true;
 }
 

@@ -229,8 +229,10 @@ class Decoder {
     if (name.empty()) return;
     if (place.empty()) {
       place = std::move(name);
-    } else {
+    } else if (m_losses.media.size() < MarkupLosses::MostMedia) {
       m_losses.media.push_back(std::move(name));
+    } else {
+      ++m_losses.moreMedia;
     }
   }
 

@@ -10,8 +10,10 @@
 
 /// What reading a field took away.
 struct MarkupLosses {
-  bool formatting = false;  ///< bold, colours and the like
-  std::vector<Text> media;  ///< names of further sounds and pictures; a side has one of each
+  bool formatting = false;    ///< bold, colours and the like
+  std::vector<Text> media;    ///< names of further sounds and pictures; a side has one of each
+  std::size_t moreMedia = 0;  ///< how many there are beyond MostMedia
+  static constexpr std::size_t MostMedia = 1000;
 };
 
 /// The side that a field stands for. Line breaks come from br and from block elements; other

@@ -3,6 +3,7 @@
 #include "convert/Finding.h"
 
 #include <optional>
+#include <utility>
 
 std::string ShownName(std::string_view name) {
   constexpr std::size_t Longest = 40;
@@ -42,5 +43,5 @@ std::string XmlWalker::Attribute(std::string_view wanted) const {
   xml.ForEachAttribute([&](std::string_view name, const std::string& value) {
     if (name == wanted && !found) found = value;
   });
-  return found.value_or(std::string());
+  return std::move(found).value_or(std::string());
 }

@@ -82,6 +82,14 @@ TEST(ReadAnkiText, FormattingAndFurtherMediaAreListed) {
   ASSERT_EQ(result.findings.size(), 2U);
 }
 
+TEST(ReadAnkiText, OfFurtherMediaThousandAreNamedAndTheOthersCounted) {
+  Text sounds;
+  for (int i = 0; i < 1500; ++i) sounds += u"[sound:a.wav]";
+  const Result result = Read(u"#html:true\na\tb" + sounds);
+  ASSERT_EQ(result.findings.size(), 1001U);
+  EXPECT_EQ(result.findings.back().message, "499 more pictures and sounds are left out");
+}
+
 TEST(ReadAnkiText, OddHeadersDoNoHarm) {
   EXPECT_TRUE(Read(u"#").read);
   EXPECT_TRUE(Read(u"#separator:").read);
