@@ -43,6 +43,10 @@ void ChooserPanel::Render(const CardDisplay& display) {
   }
 }
 
+void ChooserPanel::Select(int index) {
+  optChoice.at(static_cast<std::size_t>(index))->setChecked(true);
+}
+
 void ChooserPanel::ClearSelection() {
   for (QRadioButton* const option : optChoice) {
     option->setAutoExclusive(false);  // a group of options always keeps one selected

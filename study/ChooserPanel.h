@@ -19,6 +19,7 @@ class ChooserPanel : public QWidget {
 
   /// Shows texts and what can be chosen.
   void Render(const CardDisplay& display);
+  void Select(int index);
   /// Selects none of the options.
   void ClearSelection();
   void SetAnswerFont(const QFont& font);

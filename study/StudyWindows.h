@@ -2,6 +2,7 @@
 
 #include "shell/Platform.h"
 #include "shell/SharedState.h"
+#include "study/ActionQueue.h"
 
 #include <vector>
 
@@ -27,11 +28,15 @@ class StudyWindows {
   /// A topic was deleted: the windows that show it close. Names differ by letter case too.
   void TopicDeleted(const Text& topicName);
 
+  /// What the user does in any of them goes through one queue, as there is one sound at a time.
+  ActionQueue& Actions() { return m_actions; }
+
   /// Called by a window that closes.
   void Remove(int instanceNumber);
 
  private:
   SharedState& m_shared;
   Platform& m_platform;
+  ActionQueue m_actions;
   std::vector<frmStepper*> m_windows;  // by instance number; null where one has closed
 };

@@ -10,6 +10,7 @@
 #include "study/Speller.h"
 #include "study/SpokenText.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,6 +39,20 @@ bool HasPictures(const CardStack& stack) {
   return false;
 }
 
+/// The words before the file's name.
+Text PictureFaultText(PictureFault fault) {
+  switch (fault) {
+    case PictureFault::TooLarge:
+      return u"The picture is too large to be shown:";
+    case PictureFault::TooSlow:
+      return u"The picture takes too long to be shown:";
+    case PictureFault::None:
+    case PictureFault::Unreadable:
+      break;
+  }
+  return u"The picture can't be shown:";
+}
+
 }  // namespace
 
 frmStepper::frmStepper(SharedState& shared, Platform& platform, StudyWindows& windows,
@@ -54,15 +69,24 @@ frmStepper::frmStepper(SharedState& shared, Platform& platform, StudyWindows& wi
   Start(m_session, shared.Switches.StudyMode, shared.Timer);
   MakeControls();
   LayOut();
-  connect(cmdNext, &QPushButton::clicked, this, &frmStepper::cmdNext_Click);
-  connect(cmdRedo, &QPushButton::clicked, this, &frmStepper::cmdRedo_Click);
+  const auto act = [this](QWidget* control, void (frmStepper::*click)()) {
+    return [this, control, click] { Act(control, [this, click] { (this->*click)(); }); };
+  };
+  connect(cmdNext, &QPushButton::clicked, this, act(cmdNext, &frmStepper::cmdNext_Click));
+  connect(cmdRedo, &QPushButton::clicked, this, act(cmdRedo, &frmStepper::cmdRedo_Click));
   connect(cmdQuit, &QPushButton::clicked, this, &frmStepper::cmdQuit_Click);
-  connect(ssoFront, &QRadioButton::clicked, this, [this] { SideOption_Click(Front); });
-  connect(ssoBack, &QRadioButton::clicked, this, [this] { SideOption_Click(Back); });
-  connect(ssrSound[0], &QToolButton::clicked, this, [this] { ssrSound_Click(0); });
-  connect(ssrSound[1], &QToolButton::clicked, this, [this] { ssrSound_Click(1); });
-  connect(m_chooser, &ChooserPanel::Chosen, this, &frmStepper::optChoice_Click);
+  connect(ssoFront, &QRadioButton::clicked, this,
+          [this] { Act(ssoFront, [this] { SideOption_Click(Front); }); });
+  connect(ssoBack, &QRadioButton::clicked, this,
+          [this] { Act(ssoBack, [this] { SideOption_Click(Back); }); });
+  connect(ssrSound[0], &QToolButton::clicked, this,
+          [this] { Act(ssrSound[0], [this] { ssrSound_Click(0); }); });
+  connect(ssrSound[1], &QToolButton::clicked, this,
+          [this] { Act(ssrSound[1], [this] { ssrSound_Click(1); }); });
+  connect(m_chooser, &ChooserPanel::Chosen, this,
+          [this](int index) { Act(m_chooser, [this, index] { optChoice_Click(index); }); });
   connect(tmrTimer, &QTimer::timeout, this, &frmStepper::tmrTimer_Timer);
+  connect(picTop, &PictureBox::Failed, this, &frmStepper::picTop_Failed);
   Form_Load();
 }
 
@@ -83,7 +107,7 @@ void frmStepper::Form_Load() {
 
 void frmStepper::Form_Unload() {
   tmrTimer->stop();
-  m_platform.sound.Stop();
+  if (m_soundPlays) m_platform.sound.Stop();
   m_windows.Remove(m_session.instanceNumber);
 }
 
@@ -96,8 +120,12 @@ MediaLookup frmStepper::PictureLookup() const {
 /// Shows the count, the side asked first and its fonts, as at the start of a pass.
 void frmStepper::ShowSessionStart() {
   lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
-  (m_session.firstSide == Front ? ssoFront : ssoBack)->setChecked(true);
+  ShowFirstSide();
   ApplyFonts();
+}
+
+void frmStepper::ShowFirstSide() {
+  (m_session.firstSide == Front ? ssoFront : ssoBack)->setChecked(true);
 }
 
 void frmStepper::ApplyFonts() {
@@ -132,12 +160,8 @@ bool frmStepper::Render() {
   lblRight->setText(ToQString(NumberText(m_session.right)));
   lblWrong->setText(ToQString(NumberText(m_session.wrong)));
   m_chooser->Render(m_display);
-  if (picTop->Show(ToQString(m_display.picture))) return true;
-  const Text file = m_display.picture;
-  m_display.picture.clear();
   const QPointer<frmStepper> alive(this);
-  m_platform.prompts.Show(
-      {.text = u"The picture can't be shown:\r\n" + file, .icon = PromptIcon::Exclamation});
+  picTop->Show(ToQString(m_display.picture));
   return alive != nullptr;
 }
 
@@ -149,14 +173,33 @@ void frmStepper::SetSideControls(bool enabled) {
 
 void frmStepper::Say(TextView words) { m_announcer.Say(ToQString(words)); }
 
+void frmStepper::Act(QWidget* control, std::function<void()> action) {
+  if (QApplication::activeModalWidget() != nullptr) return;  // which freezes this window
+  m_windows.Actions().Do([alive = QPointer(this), control, action = std::move(action)] {
+    if (alive == nullptr || !alive->isVisible()) return;
+    if (control->isEnabled()) return action();
+    alive->ShowFirstSide();  // an option shows at once that it was clicked
+  });
+}
+
+bool frmStepper::WaitForPicture() {
+  const QPointer<frmStepper> alive(this);
+  picTop->WaitUntilLoaded();
+  return alive != nullptr && isVisible();
+}
+
 bool frmStepper::PlayCardSound(const Text& name) {
   if (m_shared.Timer.NoSound || name.empty()) return true;
   const Text file = PictureLookup()(name);
   if (file.empty()) return true;
+  if (!WaitForPicture()) return false;
   const QPointer<frmStepper> alive(this);
   repaint();
+  m_soundPlays = true;
   m_platform.sound.Play(file);
-  return alive != nullptr && isVisible();
+  if (alive == nullptr) return false;
+  m_soundPlays = false;
+  return isVisible();
 }
 
 void frmStepper::cmdNext_Click() {
@@ -185,8 +228,12 @@ void frmStepper::NewQuestion() {
   lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
   SetSideControls(false);
   txtSpell->clear();
+  ++m_questions;
   if (!Render() || !PlayCardSound(m_display.questionSound)) return;
-  if (tmrTimer->interval() > 0) tmrTimer->start();
+  if (tmrTimer->interval() > 0) {
+    if (!WaitForPicture()) return;
+    tmrTimer->start();
+  }
   if (IsSpeller()) txtSpell->setFocus();
   Say(SpokenQuestion(m_display, m_session, Stack()));
 }
@@ -216,6 +263,7 @@ void frmStepper::optChoice_Click(int index) {
   if (!right) return;  // only the first choice counts
   const bool blanked = m_shared.Timer.HideWord || tmrTimer->interval() > 0;
   tmrTimer->stop();
+  m_chooser->Select(index);  // one that was clicked later may show already
   ShowChoiceMade(m_display, m_session, *right);
   SetSideControls(true);
   cmdNext->setEnabled(true);
@@ -279,8 +327,19 @@ void frmStepper::ssrSound_Click(int index) {
 }
 
 void frmStepper::tmrTimer_Timer() {
-  BlankQuestion(m_display);
-  Render();
+  m_windows.Actions().Do([alive = QPointer(this), question = m_questions] {
+    // While this waited the answer may have been shown, or the next question.
+    if (alive == nullptr || !alive->tmrTimer->isActive() || alive->m_questions != question) return;
+    BlankQuestion(alive->m_display);
+    alive->Render();
+  });
+}
+
+void frmStepper::picTop_Failed(PictureFault fault) {
+  const Text file = m_display.picture;
+  m_display.picture.clear();
+  m_platform.prompts.Show(
+      {.text = PictureFaultText(fault) + u"\r\n" + file, .icon = PromptIcon::Exclamation});
 }
 
 void frmStepper::txtSpell_GotFocus() {

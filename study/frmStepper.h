@@ -3,11 +3,13 @@
 #include "base/Announcer.h"
 #include "shell/Form.h"
 #include "study/CardDisplay.h"
+#include "study/PictureHeader.h"
 #include "study/StudyWindows.h"
 
 #include <QTimer>
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class CardField;
@@ -54,6 +56,7 @@ class frmStepper : public Form {
   /// @return false when this window was deleted while a message was open
   bool Render();
   void ShowSessionStart();
+  void ShowFirstSide();
   void NewQuestion();
   void CheckSpelling();
   void RevealAnswer();
@@ -64,8 +67,14 @@ class frmStepper : public Form {
   void Say(TextView words);
   /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
   void ApplyFonts();
-  /// Plays a card's sound unless sounds are off.
-  /// @return false when this window was deleted meanwhile
+  /// What the user does with a control, however it arrives: at once, or when what is under way in
+  /// the study windows has ended; a sound above all. Nothing when the control is disabled by then.
+  void Act(QWidget* control, std::function<void()> action);
+  /// Returns once the picture is on the screen, if there is one.
+  /// @return false when this window was closed meanwhile
+  bool WaitForPicture();
+  /// Plays a card's sound unless sounds are off; text and picture are on the screen before.
+  /// @return false when this window was closed meanwhile
   bool PlayCardSound(const Text& name);
 
   void cmdNext_Click();
@@ -75,6 +84,7 @@ class frmStepper : public Form {
   void ssrSound_Click(int index);
   void optChoice_Click(int index);
   void tmrTimer_Timer();
+  void picTop_Failed(PictureFault fault);
   void txtSpell_GotFocus();
   void txtSpell_LostFocus();
 
@@ -84,6 +94,8 @@ class frmStepper : public Form {
   Text m_topicName;
   TopicSettings m_topic;  // copied at the start: a later topic change leaves this window alone
   std::unique_ptr<RandomSource> m_random;
+  int m_questions = 0;  // asked so far
+  bool m_soundPlays = false;
 
   QFrame* sspTop = nullptr;
   QLabel* lblTop = nullptr;

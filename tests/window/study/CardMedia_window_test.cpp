@@ -1,4 +1,5 @@
 #include "study/PictureBox.h"
+#include "tests/support/PictureBytes.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QDir>
@@ -34,8 +35,15 @@ class CardMediaWindow : public StudyWindowTest {
     return ToText(path);
   }
 
+  /// The picture box as it looks once its picture is there.
+  static QImage Shown(QObject& window) {
+    auto& picture = Find<PictureBox>(window, "picTop");
+    picture.WaitUntilLoaded();
+    return picture.grab().toImage();
+  }
+
   static QColor MiddleOf(QObject& window) {
-    const QImage shot = Find<QWidget>(window, "picTop").grab().toImage();
+    const QImage shot = Shown(window);
     return shot.pixelColor(shot.rect().center());
   }
 
@@ -141,7 +149,7 @@ TEST_F(CardMediaWindow, SamplePicturesAreShown) {
     LoadStack(u"Flags", 1).SetSidePicture(1, Front, ToText(path));
     frmStepper& window = OpenOnCurrent({1});
     Next(window);
-    const QImage shot = Find<QWidget>(window, "picTop").grab().toImage();
+    const QImage shot = Shown(window);
     const QImage expected =
         QImage(path).scaled(shot.size(), Qt::KeepAspectRatio, Qt::SmoothTransformation);
     // A place off the middle, where no flag has an edge.
@@ -159,7 +167,7 @@ TEST_F(CardMediaWindow, APictureIsScaledDownWithItsAspectAndNeverUp) {
   shared.Stacks.Current().SetSidePicture(2, Front, PutPicture("wide.bmp", Qt::red, {4000, 100}));
   frmStepper& window = OpenOnCurrent({1, 2});
   const auto redPixels = [&](bool across) {
-    const QImage shot = Find<QWidget>(window, "picTop").grab().toImage();
+    const QImage shot = Shown(window);
     int count = 0;
     const int length = across ? shot.width() : shot.height();
     for (int i = 0; i < length; ++i) {
@@ -188,10 +196,50 @@ TEST_F(CardMediaWindow, AnUnreadablePictureIsToldAndTheStudyGoesOn) {
   files.Put(path, "no picture");
   LoadStack(u"Verbs", 1).SetSidePicture(1, Front, path);
   frmStepper& window = OpenOnCurrent({1});
-  Next(window, 2);
+  Next(window);
+  Find<PictureBox>(window, "picTop").WaitUntilLoaded();
+  Next(window);
   ExpectPrompt(prompts.shown.at(0), u"The picture can't be shown:\r\n" + path,
                PromptIcon::Exclamation, PromptButtons::Ok);
   EXPECT_EQ(TextOf(window, "lblBottom"), "back 1");
+}
+
+TEST_F(CardMediaWindow, APictureBeyondTheLimitsIsToldInItsOwnWords) {
+  prompts.Expect(Answer::Ok);
+  QFile huge(folder.filePath("huge.jpg"));
+  ASSERT_TRUE(huge.open(QIODevice::WriteOnly));
+  huge.write(QByteArray::fromStdString(Jpeg(Frame(0xC2, 46000, 46000) + Scan())));
+  huge.close();
+  const Text path = ToText(huge.fileName());
+  files.Put(path, "picture");
+  LoadStack(u"Verbs", 1).SetSidePicture(1, Front, path);
+  frmStepper& window = OpenOnCurrent({1});
+  Next(window);
+  Find<PictureBox>(window, "picTop").WaitUntilLoaded();
+  ExpectPrompt(prompts.shown.at(0), u"The picture is too large to be shown:\r\n" + path,
+               PromptIcon::Exclamation, PromptButtons::Ok);
+}
+
+TEST_F(CardMediaWindow, ASoundWaitsForItsPicture) {
+  CardStack& stack = LoadStack(u"Verbs", 1);
+  stack.SetSidePicture(1, Front, PutPicture("large.bmp", Qt::red, {4000, 3000}));
+  stack.SetSideSound(1, Front, u"/cards/q.wav");
+  frmStepper& window = OpenOnCurrent({1});
+  sound.whilePlaying = [&] {
+    EXPECT_FALSE(Find<PictureBox>(window, "picTop").IsLoading());
+    EXPECT_EQ(MiddleOf(window), QColor(Qt::red));
+  };
+  Next(window);
+  EXPECT_EQ(sound.played.size(), 1U);
+}
+
+TEST_F(CardMediaWindow, TheTimerStartsOnceThePictureIsThere) {
+  shared.Timer.TimerInterval = 10'000;
+  LoadStack(u"Verbs", 1).SetSidePicture(1, Front, PutPicture("l.bmp", Qt::red, {4000, 3000}));
+  frmStepper& window = OpenOnCurrent({1});
+  Next(window);
+  EXPECT_TRUE(Find<QTimer>(window, "tmrTimer").isActive());
+  EXPECT_FALSE(Find<PictureBox>(window, "picTop").IsLoading());
 }
 
 TEST_F(CardMediaWindow, AMissingPictureIsSkippedSilently) {
