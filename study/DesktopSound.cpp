@@ -3,7 +3,6 @@
 #include "base/Paths.h"
 #include "study/SoundFile.h"
 
-#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QScopedValueRollback>
@@ -119,19 +118,19 @@ void DesktopSound::Play(const Text& file) {
   });
   m_playback = playback;
 
+  m_input.Hold([this] { Stop(); });
   QElapsedTimer sinceProgress;
   sinceProgress.start();
   unsigned progress = 0;
   while (!playback->ended && !sinceProgress.hasExpired(Patience)) {
     std::this_thread::sleep_for(Pace);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    QCoreApplication::processEvents();
     if (const unsigned now = playback->progress; now != progress) {
       progress = now;
       sinceProgress.start();
     }
   }
-  // Held back keys and clicks would otherwise lie there until the desktop reports something new.
-  QAbstractEventDispatcher::instance()->wakeUp();
+  m_input.Release();
   if (playback->ended) {
     player.join();
   } else {

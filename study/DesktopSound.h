@@ -1,5 +1,6 @@
 #pragma once
 
+#include "study/HeldInput.h"
 #include "study/SoundPlayer.h"
 
 #include <memory>
@@ -19,5 +20,6 @@ class DesktopSound : public SoundPlayer {
   static void PlayFile(const std::string& path, Playback& playback);
 
   std::shared_ptr<Playback> m_playback;  // the last one; null before the first
-  bool m_waiting = false;                // Play has not returned yet
+  HeldInput m_input;
+  bool m_waiting = false;  // Play has not returned yet
 };

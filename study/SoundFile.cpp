@@ -1,10 +1,13 @@
 #include "study/SoundFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
-#include <filesystem>
+#include <fcntl.h>
+#include <iterator>
 #include <sndfile.h>
-#include <system_error>
+#include <string_view>
+#include <sys/stat.h>
 
 namespace {
 
@@ -14,7 +17,21 @@ constexpr std::size_t FramesAtOnce = 4096;
 bool IsPlayable(const SF_INFO& info) {
   const int container = info.format & SF_FORMAT_TYPEMASK;
   return (container == SF_FORMAT_WAV || container == SF_FORMAT_WAVEX) && info.samplerate >= 1000 &&
-         info.samplerate <= 200000 && info.channels >= 1 && info.channels <= 8;
+         info.samplerate <= 200000 && info.channels >= 1 && info.channels <= 8 &&
+         info.frames <= sf_count_t{info.samplerate} * SoundFile::MaxSeconds;
+}
+
+/// The library knows many formats by their content; none but this one is to be read.
+bool BeginsAsWav(int file) {
+  std::array<char, 12> start{};
+  if (::pread(file, start.data(), start.size(), 0) != ssize_t{start.size()}) return false;
+  const std::string_view text(start.data(), start.size());
+  return (text.starts_with("RIFF") || text.starts_with("RIFX")) && text.ends_with("WAVE");
+}
+
+bool IsRegular(int file) {
+  struct stat info {};
+  return ::fstat(file, &info) == 0 && S_ISREG(info.st_mode);
 }
 
 /// Floating point files may hold anything; what is no number becomes silence.
@@ -24,12 +41,13 @@ float Audible(float sample) { return std::isnan(sample) ? 0 : std::clamp(sample,
 
 void SoundFile::Closer::operator()(SNDFILE* file) const { sf_close(file); }
 
-SoundFile::SoundFile(const std::string& path) {
-  // Opening a pipe would wait for its other end.
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return;
+SoundFile::SoundFile(const std::string& path)
+    // Not blocking: a pipe under a sound's name would wait for its other end.
+    : m_descriptor(OpenFile(path, O_RDONLY | O_NONBLOCK)) {
+  const int file = m_descriptor.Number();
+  if (!m_descriptor.IsOpen() || !IsRegular(file) || !BeginsAsWav(file)) return;
   SF_INFO info{};
-  m_file.reset(sf_open(path.c_str(), SFM_READ, &info));
+  m_file.reset(sf_open_fd(file, SFM_READ, &info, SF_FALSE));
   if (m_file == nullptr) return;
   if (!IsPlayable(info)) {
     m_file.reset();
@@ -37,13 +55,16 @@ SoundFile::SoundFile(const std::string& path) {
   }
   m_rate = info.samplerate;
   m_channels = info.channels;
+  // The number of frames is the file's word, and for some codings a guess.
+  m_left = std::int64_t{m_rate} * m_channels * MaxSeconds;
   m_samples.resize(FramesAtOnce * static_cast<std::size_t>(m_channels));
 }
 
 std::span<const float> SoundFile::Read() {
-  const auto wanted = static_cast<sf_count_t>(m_samples.size());
+  const sf_count_t wanted = std::min<sf_count_t>(std::ssize(m_samples), m_left);
   const sf_count_t count =
       std::clamp<sf_count_t>(sf_read_float(m_file.get(), m_samples.data(), wanted), 0, wanted);
+  m_left -= count;
   const std::span samples(m_samples.data(), static_cast<std::size_t>(count));
   std::transform(samples.begin(), samples.end(), samples.begin(), Audible);
   return samples;

@@ -7,12 +7,13 @@ class SoundPlayer {
  public:
   virtual ~SoundPlayer() = default;
 
-  /// Plays a sound file and returns when it has ended. Meanwhile windows are painted, but keys and
-  /// clicks wait until afterwards. Without a device, and for a missing, broken or unknown file, it
-  /// returns at once, silently.
+  /// Plays a sound file and returns when it has ended. Meanwhile windows are painted and can be
+  /// closed, but keys and clicks wait until afterwards; Escape ends the sound. What comes from a
+  /// screen reader or a timer is not held up: see ActionQueue. Without a device, and for a missing,
+  /// broken, unknown or overlong file, it returns at once, silently.
   virtual void Play(const Text& file) = 0;
 
-  /// Ends a sound that is playing, so that Play returns. Called when the window that plays it
-  /// closes.
+  /// Ends a sound that is playing, so that Play returns at once. Called when the window that plays
+  /// it closes.
   virtual void Stop() = 0;
 };

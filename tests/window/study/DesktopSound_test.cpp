@@ -1,10 +1,14 @@
 #include "study/DesktopSound.h"
 
 #include "base/Paths.h"
+#include "study/SoundFile.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCursor>
 #include <QFile>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -347,8 +351,10 @@ class Recorder : public QWidget {
  public:
   Recorder() { setMouseTracking(true); }
   std::vector<std::string> events;
+  std::string typed;
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override { typed += event->text().toStdString(); }
   void paintEvent(QPaintEvent*) override { events.emplace_back("paint"); }
   void mouseMoveEvent(QMouseEvent*) override { events.emplace_back("mouse"); }
 };
@@ -372,6 +378,150 @@ TEST_F(DesktopSoundTest, WindowsArePaintedDuringASoundButUserInputWaits) {
   EXPECT_EQ(window.events, (std::vector<std::string>{"paint"}));
   EXPECT_TRUE(QTest::qWaitFor([&] { return window.events.size() > 1; }));
   EXPECT_EQ(window.events, (std::vector<std::string>{"paint", "mouse"}));
+}
+
+/// Keys and clicks that the desktop delivers, and what comes of them after the sound.
+class InputDuringASound : public DesktopSoundTest {
+ protected:
+  InputDuringASound() {
+    UseBufferTime("32");
+    window.setFocusPolicy(Qt::StrongFocus);
+    window.resize(100, 100);
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+  }
+
+  void PlayMinuteAnd(const std::function<void()>& act) {
+    PlayAnd(WriteSound("long.wav", Samples(60 * Rate, 0.5F)), act);
+  }
+
+  /// Types into whichever window has the focus, as the desktop does.
+  static void Type(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QGuiApplication::focusWindow(), key, modifiers);
+  }
+
+  Recorder window;
+};
+
+TEST_F(InputDuringASound, EscapeEndsItAndIsTypedNowhere) {
+  PlayMinuteAnd([&] { Type(Qt::Key_Escape); });
+  EXPECT_LT(Heard().size(), 30U * Rate);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.typed, "");
+}
+
+TEST_F(InputDuringASound, WhatIsTypedArrivesAfterwardsInItsOrder) {
+  PlayMinuteAnd([&] {
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_B, Qt::Key_C}) Type(key);
+    EXPECT_EQ(window.typed, "");
+    Type(Qt::Key_Escape);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.typed.size() >= 3; }));
+  EXPECT_EQ(window.typed, "abc");
+  Type(Qt::Key_D);
+  EXPECT_EQ(window.typed, "abcd");
+}
+
+TEST_F(InputDuringASound, AKeyTypedLaterDoesNotOvertakeThoseThatWait) {
+  PlayMinuteAnd([&] {
+    Type(Qt::Key_A);
+    Type(Qt::Key_B);
+    Type(Qt::Key_Escape);
+  });
+  Type(Qt::Key_C);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.typed.size() >= 3; }));
+  EXPECT_EQ(window.typed, "abc");
+}
+
+TEST_F(InputDuringASound, AShortcutWorksAfterwardsAndOnlyOnce) {
+  QAction action;
+  action.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
+  window.addAction(&action);
+  int runs = 0;
+  QObject::connect(&action, &QAction::triggered, [&] { ++runs; });
+  PlayMinuteAnd([&] {
+    Type(Qt::Key_R, Qt::ControlModifier);
+    Type(Qt::Key_X);
+    EXPECT_EQ(runs, 0);
+    Type(Qt::Key_Escape);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.typed == "x"; }));
+  EXPECT_EQ(runs, 1);
+}
+
+TEST_F(InputDuringASound, AClickArrivesAfterwards) {
+  QPushButton button(&window);
+  button.show();
+  int clicks = 0;
+  QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+  PlayMinuteAnd([&] {
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(clicks, 0);
+    Type(Qt::Key_Escape);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return clicks > 0; }));
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(InputDuringASound, ASoundThatAHeldKeyBeginsHoldsTheRest) {
+  const std::string tone = WriteSound("tone.wav", RisingTone(0.1));
+  QAction action;
+  action.setShortcut(QKeySequence(Qt::Key_F5));
+  window.addAction(&action);
+  QObject::connect(&action, &QAction::triggered, [&] {
+    Play(tone);
+    EXPECT_EQ(window.typed, "") << "the key behind it arrived during the second sound";
+  });
+  PlayMinuteAnd([&] {
+    Type(Qt::Key_F5);
+    Type(Qt::Key_A);
+    Type(Qt::Key_Escape);
+  });
+  EXPECT_TRUE(QTest::qWaitFor([&] { return window.typed == "a"; }));
+}
+
+TEST_F(InputDuringASound, AWindowThatIsClosedMeanwhileGetsNothing) {
+  auto other = std::make_unique<Recorder>();
+  other->resize(100, 100);
+  other->show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(other.get()));
+  PlayMinuteAnd([&] {
+    Type(Qt::Key_A);
+    other.reset();
+    sound.Stop();
+  });
+  QCoreApplication::processEvents();
+  EXPECT_EQ(window.typed, "");
+}
+
+TEST_F(DesktopSoundTest, TenMinutesAreTheLimit) {
+  constexpr std::size_t Allowed = std::size_t{SoundFile::MaxSeconds} * Rate;
+  EXPECT_TRUE(SoundFile(WriteSound("long.wav", Samples(Allowed))).IsOpen());
+  const std::string longer = WriteSound("longer.wav", Samples(Allowed + 1));
+  EXPECT_FALSE(SoundFile(longer).IsOpen());
+  Play(longer);
+  EXPECT_FALSE(DeviceWasOpened());
+}
+
+TEST_F(DesktopSoundTest, NoMoreIsReadThanTheLimit) {
+  SoundFile file(WriteSound("long.wav", Samples(std::size_t{SoundFile::MaxSeconds} * Rate)));
+  std::size_t count = 0;
+  while (const std::size_t more = file.Read().size()) count += more;
+  EXPECT_EQ(count, std::size_t{SoundFile::MaxSeconds} * Rate);
+}
+
+TEST_F(DesktopSoundTest, DeviceIsNotRead) {
+  ASSERT_EQ(symlink("/dev/zero", Path("device.wav").c_str()), 0);
+  Play(Path("device.wav"));
+  EXPECT_FALSE(DeviceWasOpened());
+}
+
+TEST_F(DesktopSoundTest, OtherFormatsAreRefusedByTheirFirstBytes) {
+  for (const int format : {SF_FORMAT_AIFF, SF_FORMAT_AU, SF_FORMAT_W64, SF_FORMAT_RF64,
+                           SF_FORMAT_VOC, SF_FORMAT_CAF}) {
+    const std::string path = WriteSound("other.wav", RisingTone(0.1), format | SF_FORMAT_PCM_16);
+    EXPECT_FALSE(SoundFile(path).IsOpen()) << format;
+  }
 }
 
 /// A device that takes nothing more once its pipe is full.
