@@ -100,10 +100,10 @@ Header TakeHeader(TextView& text) {
 std::vector<TableColumn> ColumnsOf(const Header& header, char separator, TextColumns wanted) {
   std::vector<TableColumn> columns;
   if (!header.columns.empty()) {
-    std::vector<DelimitedRow> rows;
-    int brokenLine = 0;
-    (void)ParseDelimitedAsItFits(header.columns, separator, QuoteRule::None, 1, rows, brokenLine);
-    if (!rows.empty()) columns = ColumnsOfHeading(rows.front().fields);
+    const FittingRule fitting = FindFittingRule(header.columns, separator, QuoteRule::None, 1);
+    (void)ReadDelimited(header.columns, separator, fitting.rule, 1, [&](DelimitedRow& row) {
+      if (columns.empty()) columns = ColumnsOfHeading(row.fields);
+    });
   }
   for (const int column : header.programColumns) {
     const auto at = static_cast<std::size_t>(column);
@@ -122,19 +122,31 @@ std::vector<TableColumn> ColumnsOf(const Header& header, char separator, TextCol
 }
 
 /// The deck that the rows name, where they have a column for it.
-void TakeDeckOfRows(const std::vector<DelimitedRow>& rows, Header& header, Findings& findings) {
-  if (header.deckColumn == 0 || !header.deck.empty()) return;
-  const auto at = static_cast<std::size_t>(header.deckColumn) - 1;
-  for (const DelimitedRow& row : rows) {
-    if (row.fields.size() <= at || row.fields[at].empty()) continue;
-    if (header.deck.empty()) header.deck = row.fields[at];
-    if (row.fields[at] == header.deck) continue;
-    findings.push_back(Found(FindingKind::LostField, row.line,
-                             fmt::format("cards of several decks become one list: {}, {} and so on",
-                                         Quoted(header.deck), Quoted(row.fields[at]))));
-    return;
+class DeckOfRows {
+ public:
+  DeckOfRows(Header& header, Findings& findings)
+      : m_header(header),
+        m_findings(findings),
+        m_done(header.deckColumn == 0 || !header.deck.empty()) {}
+
+  void Take(const DelimitedRow& row) {
+    if (m_done) return;
+    const auto at = static_cast<std::size_t>(m_header.deckColumn) - 1;
+    if (row.fields.size() <= at || row.fields[at].empty()) return;
+    if (m_header.deck.empty()) m_header.deck = row.fields[at];
+    if (row.fields[at] == m_header.deck) return;
+    m_done = true;
+    m_findings.push_back(
+        Found(FindingKind::LostField, row.line,
+              fmt::format("cards of several decks become one list: {}, {} and so on",
+                          Quoted(m_header.deck), Quoted(row.fields[at]))));
   }
-}
+
+ private:
+  Header& m_header;
+  Findings& m_findings;
+  bool m_done;
+};
 
 void NameDeck(const Header& header, Deck& deck) {
   deck.topic = TrimBlanks(header.topic);
@@ -165,37 +177,46 @@ bool LooksLikeAnkiText(TextView text) {
 bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findings) {
   Header header = TakeHeader(text);
   const char separator = header.separator.value_or(GuessSeparator(text, '\t'));
-  std::vector<DelimitedRow> rows;
-  int brokenLine = 0;
-  if (!ParseDelimitedAsItFits(text, separator, QuoteRule::None, header.lines + 1, rows,
-                              brokenLine)) {
-    findings.push_back(
-        Failed(FindingKind::Malformed, brokenLine, "the fields cannot be told apart"));
+  const FittingRule fitting = FindFittingRule(text, separator, QuoteRule::None, header.lines + 1);
+  if (fitting.end.tooLargeLine != 0) {
+    findings.push_back(TooLargeRow(fitting.end.tooLargeLine));
     return false;
   }
-  if (brokenLine != 0) {
-    findings.push_back(Found(FindingKind::Malformed, brokenLine,
-                             "quotes are not used as in a table; they stay in the texts"));
-  }
-  TakeDeckOfRows(rows, header, findings);
-  if (header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
-    findings.push_back(Remarked(0, "note types and identifiers are Anki's own and stay behind"));
-  }
-  NameDeck(header, deck);
-  if (!header.tags.empty()) {
+  if (fitting.end.brokenLine != 0) {
     findings.push_back(
-        Found(FindingKind::LostField, 0,
-              fmt::format("the tags {} have no place on a card", Quoted(header.tags))));
+        Failed(FindingKind::Malformed, fitting.end.brokenLine, "the fields cannot be told apart"));
+    return false;
+  }
+  if (fitting.strictBrokenLine != 0) {
+    findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
+                             "quotes are not used as in a table; they stay in the texts"));
   }
   const bool html = header.html.value_or(LooksMarkedUp(text));
   MarkupLosses losses;
-  const auto decode = [&](const Text& field, DeckSide& side) {
+  const auto decode = [&](Text& field, DeckSide& side) {
     DeckSide decoded = DecodeMarkup(field, html, losses);
     side.text = std::move(decoded.text);
     if (!decoded.sound.empty()) side.sound = std::move(decoded.sound);
     if (!decoded.picture.empty()) side.picture = std::move(decoded.picture);
   };
-  AddCards(rows, 0, ColumnsOf(header, separator, wanted), decode, deck, findings);
+  DeckOfRows deckOfRows(header, findings);
+  Findings ofCards;
+  CardRows cards(ColumnsOf(header, separator, wanted), decode, deck, ofCards);
+  (void)ReadDelimited(text, separator, fitting.rule, header.lines + 1, [&](DelimitedRow& row) {
+    deckOfRows.Take(row);
+    cards.Take(row);
+  });
+  cards.ListLosses();
+  if (header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
+    findings.push_back(Remarked(0, "note types and identifiers are Anki's own and stay behind"));
+  }
+  if (!header.tags.empty()) {
+    findings.push_back(
+        Found(FindingKind::LostField, 0,
+              fmt::format("the tags {} have no place on a card", Quoted(header.tags))));
+  }
+  findings.Append(ofCards);
+  NameDeck(header, deck);
   if (losses.formatting) {
     findings.push_back(Found(FindingKind::LostField, 0,
                              "bold letters, colours and other formatting are left out"));

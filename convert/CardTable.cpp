@@ -4,7 +4,6 @@
 #include "convert/Finding.h"
 
 #include <algorithm>
-#include <array>
 #include <fmt/format.h>
 
 namespace {
@@ -70,16 +69,16 @@ Cell Cut(const Cell& cell, int room, CharacterWidth characterWidth) {
 
 }  // namespace
 
-std::string CardTable(const Deck& deck, int width, CharacterWidth characterWidth) {
-  std::vector<std::array<Cell, 2>> rows;
+void ShowCardTable(const Deck& deck, int width, CharacterWidth characterWidth,
+                   const TextOutput& out) {
   int frontWidth = static_cast<int>(std::string_view("Front").size());
   int backWidth = 0;
   for (const DeckCard& card : deck.cards) {
-    rows.push_back({CellOf(card.sides[0], characterWidth), CellOf(card.sides[1], characterWidth)});
-    frontWidth = std::max(frontWidth, rows.back()[0].width);
-    backWidth = std::max(backWidth, rows.back()[1].width);
+    frontWidth = std::max(frontWidth, CellOf(card.sides[0], characterWidth).width);
+    backWidth = std::max(backWidth, CellOf(card.sides[1], characterWidth).width);
   }
-  const int numberWidth = static_cast<int>(std::to_string(rows.size()).size());
+  frontWidth = std::min(frontWidth, WidestFront);
+  const int numberWidth = static_cast<int>(std::to_string(deck.cards.size()).size());
   if (width > 0) {
     const int room = std::max(width - numberWidth - 2 * Gap, 2 * NarrowestColumn);
     if (frontWidth + backWidth > room) {
@@ -88,17 +87,18 @@ std::string CardTable(const Deck& deck, int width, CharacterWidth characterWidth
       backWidth = room - frontWidth;
     }
   }
-  std::string table;
   const auto add = [&](const std::string& number, const Cell& front, const Cell& back) {
-    const auto padding =
-        static_cast<std::size_t>(back.text.empty() ? 0 : frontWidth - front.width + Gap);
-    table += fmt::format("{:>{}}  {}{}{}\n", number, numberWidth, front.text,
-                         std::string(padding, ' '), back.text);
+    const int padding = back.text.empty() ? 0 : std::max(0, frontWidth - front.width) + Gap;
+    out(fmt::format("{:>{}}  {}{}{}\n", number, numberWidth, front.text,
+                    std::string(static_cast<std::size_t>(padding), ' '), back.text));
+  };
+  const auto cell = [&](const DeckSide& side, int room) {
+    const Cell whole = CellOf(side, characterWidth);
+    return width > 0 ? Cut(whole, room, characterWidth) : whole;
   };
   add("#", {"Front", 5}, {"Back", 4});
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    add(std::to_string(i + 1), Cut(rows[i][0], frontWidth, characterWidth),
-        Cut(rows[i][1], backWidth, characterWidth));
+  std::size_t number = 0;
+  for (const DeckCard& card : deck.cards) {
+    add(std::to_string(++number), cell(card.sides[0], frontWidth), cell(card.sides[1], backWidth));
   }
-  return table;
 }

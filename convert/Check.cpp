@@ -62,8 +62,9 @@ void CheckForeignMedia(const Deck& deck, TextView folder, MediaFolders& folders,
   }
 }
 
-/// What stacks with these cards would lack. Media lie beside a stack, wherever they were.
-void CheckForeignDeck(Deck deck, Findings& findings) {
+/// What stacks with these cards would lack. Media lie beside a stack, wherever they were: their
+/// names become bare ones.
+void CheckForeignDeck(Deck& deck, Findings& findings) {
   for (DeckCard& card : deck.cards) {
     for (DeckSide& side : card.sides) {
       side.sound = Text(BareMediaName(side.sound));
@@ -81,7 +82,8 @@ void CheckForeignDeck(Deck deck, Findings& findings) {
                           deck.cards.size(), MaxCards)));
   }
   int cardsBefore = 0;
-  for (const Deck& part : SplitDeck(deck, MaxCards, DescriptionWidth)) {
+  for (std::size_t i = 0; i < CountParts(deck, MaxCards); ++i) {
+    const Deck part = PartOfDeck(deck, MaxCards, i, DescriptionWidth);
     Findings lost;
     (void)WriteNativeStack(part, lost);
     for (Finding& finding : lost) {
@@ -89,6 +91,7 @@ void CheckForeignDeck(Deck deck, Findings& findings) {
       if (finding.card > 0) finding.card += cardsBefore;
       findings.push_back(std::move(finding));
     }
+    findings.CountOnly(lost);
     cardsBefore += static_cast<int>(part.cards.size());
   }
 }
@@ -108,7 +111,10 @@ FileReport CheckFile(Files& files, MediaFolders& folders, const Text& path,
   } else if (ReadDeck(*report.format, bytes, BaseName(path), options.read, deck, report.encoding,
                       report.findings)) {
     CheckForeignMedia(deck, FolderPart(path), folders, report.findings);
+    TakeFacts(deck, report);
     CheckForeignDeck(deck, report.findings);
+    SortByLine(report.findings);
+    return report;
   }
   TakeFacts(deck, report);
   SortByLine(report.findings);

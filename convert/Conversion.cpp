@@ -32,29 +32,36 @@ bool Fail(Conversion& conversion, FindingKind kind, std::string message) {
 bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
                    const ConvertOptions& options, Conversion& conversion) {
   const bool isStack = to == DeckFormat::Stack;
-  std::vector<Deck> parts =
-      isStack ? SplitDeck(deck, MaxCards, DescriptionWidth) : std::vector<Deck>{deck};
-  if (parts.size() > 1 && !options.split) {
+  const std::size_t most = isStack ? MaxCards : std::max<std::size_t>(1, deck.cards.size());
+  const std::size_t parts = CountParts(deck, most);
+  if (parts > 1 && !options.split) {
     return Fail(conversion, FindingKind::ExtraCards,
                 fmt::format("{} cards, and a stack has at most {}; --split makes {} stacks of them",
-                            deck.cards.size(), MaxCards, parts.size()));
+                            deck.cards.size(), MaxCards, parts));
   }
   int cardsBefore = 0;
-  for (std::size_t i = 0; i < parts.size(); ++i) {
+  for (std::size_t i = 0; i < parts; ++i) {
     Findings lost;
     OutputFile output;
-    output.path = parts.size() > 1 ? NumberedPath(outPath, i + 1, parts.size()) : outPath;
-    output.bytes = WriteDeck(to, parts[i], options.write, lost);
-    output.cards = parts[i].cards.size();
+    output.path = parts > 1 ? NumberedPath(outPath, i + 1, parts) : outPath;
+    if (parts > 1) {
+      const Deck part = PartOfDeck(deck, most, i, DescriptionWidth);
+      output.cards = part.cards.size();
+      output.bytes = WriteDeck(to, part, options.write, lost);
+    } else {
+      output.cards = deck.cards.size();
+      output.bytes = WriteDeck(to, deck, options.write, lost);
+    }
     for (Finding& finding : lost) {
       // Topic and description are the same for all parts and said once.
       if (finding.card == 0 && i > 0 && finding.severity != Severity::Error) continue;
       if (finding.card > 0) finding.card += cardsBefore;
       conversion.findings.push_back(std::move(finding));
     }
-    if (WorstOf(conversion.findings) == Severity::Error) return false;
+    conversion.findings.CountOnly(lost);
+    if (WorstOf(lost) == Severity::Error) return false;
+    cardsBefore += static_cast<int>(output.cards);
     conversion.outputs.push_back(std::move(output));
-    cardsBefore += static_cast<int>(parts[i].cards.size());
   }
   return true;
 }
@@ -117,7 +124,7 @@ bool WriteParts(Files& files, Conversion& conversion) {
 
 }  // namespace
 
-bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, const Text& outPath,
+bool PlanConversion(Files& files, std::string bytes, const Text& inPath, const Text& outPath,
                     const ConvertOptions& options, Conversion& conversion) {
   const auto from = options.from ? options.from : FormatForReading(BaseName(inPath), bytes);
   const auto to = options.to ? options.to : FormatForWriting(BaseName(outPath));
@@ -137,6 +144,7 @@ bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, co
   const Text fileName = *from == DeckFormat::Import ? Text(u"x.QBS") : Text(u"x.QBC");
   if (!ReadDeck(*from, bytes, fileName, options.read, deck, encoding, conversion.findings))
     return false;
+  bytes = {};  // the room is needed
   if (deck.cards.empty()) return Fail(conversion, FindingKind::Malformed, "no cards in it");
 
   if (options.topic) deck.topic = *options.topic;
@@ -165,6 +173,6 @@ bool WriteConversion(Files& files, Conversion& conversion) {
   Findings left;
   conversion.mediaCopied = CopyMedia(files, conversion.way, paths, conversion.media, left);
   conversion.mediaLeft += left.size();
-  conversion.findings.insert(conversion.findings.end(), left.begin(), left.end());
+  conversion.findings.Append(left);
   return true;
 }

@@ -43,7 +43,7 @@ struct Conversion {
 /// @param inPath   its media are named from its folder
 /// @param outPath  of the output; split stacks are numbered "name-1.QBC", ...
 /// @return false when nothing is to be written: the last finding, or with `strict` any, says why
-bool PlanConversion(Files& files, std::string_view bytes, const Text& inPath, const Text& outPath,
+bool PlanConversion(Files& files, std::string bytes, const Text& inPath, const Text& outPath,
                     const ConvertOptions& options, Conversion& conversion);
 
 /// Writes the outputs, all of them or none, then copies the media.

@@ -3,8 +3,9 @@
 #include "base/Paths.h"
 
 #include <algorithm>
-#include <set>
+#include <functional>
 #include <utility>
+#include <vector>
 
 Text WithCrLf(TextView text) {
   if (text.find_first_of(LineBreak) == TextView::npos) return Text(text);
@@ -25,37 +26,46 @@ void SwapSides(Deck& deck) {
   for (DeckCard& card : deck.cards) std::swap(card.sides[0], card.sides[1]);
 }
 
-std::vector<Deck> SplitDeck(const Deck& deck, std::size_t most, std::size_t descriptionWidth) {
-  const std::size_t count = std::max<std::size_t>(1, (deck.cards.size() + most - 1) / most);
-  if (count == 1) return {deck};
-  std::vector<Deck> parts(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    Deck& part = parts[i];
-    part.topic = deck.topic;
-    Text number = u"(" + NumberText(static_cast<int>(i) + 1) + u" of " +
-                  NumberText(static_cast<int>(count)) + u")";
-    if (!deck.description.empty()) {
-      const TextView room = CutText(deck.description, descriptionWidth - number.size() - 1);
-      number = Text(room).append(u" ").append(number);
-    }
-    part.description = number;
-    const auto first = deck.cards.begin() + static_cast<std::ptrdiff_t>(i * most);
-    const std::size_t length = std::min(most, deck.cards.size() - i * most);
-    part.cards.assign(first, first + static_cast<std::ptrdiff_t>(length));
+std::size_t CountParts(const Deck& deck, std::size_t most) {
+  return std::max<std::size_t>(1, (deck.cards.size() + most - 1) / most);
+}
+
+Deck PartOfDeck(const Deck& deck, std::size_t most, std::size_t part,
+                std::size_t descriptionWidth) {
+  const std::size_t count = CountParts(deck, most);
+  Deck result;
+  result.topic = deck.topic;
+  result.description = deck.description;
+  if (count > 1) {
+    const Text number = u"(" + NumberText(static_cast<int>(part) + 1) + u" of " +
+                        NumberText(static_cast<int>(count)) + u")";
+    const TextView room = CutText(deck.description, descriptionWidth - number.size() - 1);
+    result.description = deck.description.empty() ? number : Text(room).append(u" ").append(number);
   }
-  return parts;
+  const std::size_t end = std::min(deck.cards.size(), (part + 1) * most);
+  for (std::size_t i = part * most; i < end; ++i) result.cards.push_back(deck.cards[i]);
+  return result;
 }
 
 TextView BareMediaName(TextView name) { return BaseName(name); }
 
 MediaCount CountMedia(const Deck& deck) {
-  std::set<TextView> sounds;
-  std::set<TextView> pictures;
+  // Marks of the names take less room than the names.
+  std::vector<std::size_t> sounds;
+  std::vector<std::size_t> pictures;
+  const auto add = [](const Text& name, std::vector<std::size_t>& names) {
+    const std::size_t mark = std::hash<Text>()(name);
+    if (!name.empty() && (names.empty() || names.back() != mark)) names.push_back(mark);
+  };
   for (const DeckCard& card : deck.cards) {
     for (const DeckSide& side : card.sides) {
-      if (!side.sound.empty()) sounds.insert(side.sound);
-      if (!side.picture.empty()) pictures.insert(side.picture);
+      add(side.sound, sounds);
+      add(side.picture, pictures);
     }
+  }
+  for (std::vector<std::size_t>* const names : {&sounds, &pictures}) {
+    std::sort(names->begin(), names->end());
+    names->erase(std::unique(names->begin(), names->end()), names->end());
   }
   return {sounds.size(), pictures.size()};
 }

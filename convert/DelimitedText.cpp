@@ -45,6 +45,7 @@ class Parser {
 
   /// A row that has begun is not over.
   bool rowIsOpen = false;
+  bool isTooLarge = false;
   std::vector<Text> fields;
   std::vector<std::vector<Text>> finished;
 
@@ -55,6 +56,10 @@ class Parser {
   }
   static void TakeField(void* data, std::size_t size, void* self) {
     auto& parser = *static_cast<Parser*>(self);
+    if (size > LongestField || parser.fields.size() >= MostFields) {
+      parser.isTooLarge = true;
+      return;
+    }
     parser.fields.push_back(data == nullptr ? Text()
                                             : FromUtf8({static_cast<const char*>(data), size}));
   }
@@ -67,13 +72,20 @@ class Parser {
   csv_parser m_parser{};
 };
 
-/// The first line of `text` with its end: LF, CR LF or CR.
-std::string_view FirstPiece(std::string_view text) {
-  const std::size_t end = text.find_first_of("\r\n");
-  if (end == std::string_view::npos) return text;
-  const bool both = text[end] == '\r' && end + 1 < text.size() && text[end + 1] == '\n';
-  return text.substr(0, end + (both ? 2 : 1));
+/// The beginning of `text`, up to the end of its first line (LF, CR LF or CR) if that is not far.
+TextView FirstPiece(TextView text) {
+  constexpr std::size_t MostUnits = 65536;
+  TextView piece = text.substr(0, MostUnits);
+  const std::size_t end = piece.find_first_of(LineBreak);
+  if (end != TextView::npos) {
+    const bool both = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
+    return text.substr(0, end + (both ? 2 : 1));
+  }
+  const bool parted = piece.size() < text.size() && (piece.back() & 0xFC00) == 0xD800;
+  return parted ? piece.substr(0, piece.size() - 1) : piece;
 }
+
+bool EndsLine(TextView piece) { return piece.back() == u'\r' || piece.back() == u'\n'; }
 
 bool NeedsQuotes(TextView field, char separator) {
   if (field.empty()) return false;
@@ -90,44 +102,42 @@ bool NeedsQuotes(TextView field, char separator) {
 
 }  // namespace
 
-int ParseDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
-                   std::vector<DelimitedRow>& rows) {
-  Text withoutNul;
-  if (rule == QuoteRule::None && text.find(u'\0') != TextView::npos) {
-    // The parser's "no quote" is the null character, which no text of words holds.
-    withoutNul = text;
-    std::replace(withoutNul.begin(), withoutNul.end(), u'\0', u'\uFFFD');
-    text = withoutNul;
-  }
-  const std::string utf8 = ToUtf8(text);
-  std::string_view rest = utf8;
+TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
+                       const RowListener& listener) {
   Parser parser(separator, rule);
   int line = firstLine;
   int rowLine = firstLine;
-  const auto takeRows = [&] {
-    for (std::vector<Text>& fields : parser.finished) rows.push_back({rowLine, std::move(fields)});
+  const auto tellRows = [&] {
+    for (std::vector<Text>& fields : parser.finished) {
+      DelimitedRow row{rowLine, std::move(fields)};
+      if (listener) listener(row);
+    }
     parser.finished.clear();
   };
-  for (; !rest.empty(); ++line) {
-    const std::string_view piece = FirstPiece(rest);
-    rest.remove_prefix(piece.size());
+  while (!text.empty()) {
+    const TextView piece = FirstPiece(text);
+    text.remove_prefix(piece.size());
     if (!std::exchange(parser.rowIsOpen, true)) rowLine = line;
-    if (!parser.Feed(piece)) return line;
-    takeRows();
+    std::string utf8 = ToUtf8(piece);
+    // The parser's "no quote" is the null character, which no text of words holds.
+    if (rule == QuoteRule::None && utf8.find('\0') != std::string::npos) {
+      utf8 = ToUtf8(ReplaceAll(piece, TextView(u"\0", 1), u"\uFFFD"));
+    }
+    if (!parser.Feed(utf8)) return {line, 0};
+    if (parser.isTooLarge) return {0, rowLine};
+    tellRows();
+    if (EndsLine(piece)) ++line;
   }
-  if (!parser.Finish()) return rowLine;
-  takeRows();
-  return 0;
+  if (!parser.Finish()) return {rowLine, 0};
+  if (parser.isTooLarge) return {0, rowLine};
+  tellRows();
+  return {};
 }
 
-bool ParseDelimitedAsItFits(TextView text, char separator, QuoteRule otherwise, int firstLine,
-                            std::vector<DelimitedRow>& rows, int& brokenLine) {
-  brokenLine = ParseDelimited(text, separator, QuoteRule::Strict, firstLine, rows);
-  if (brokenLine == 0) return true;
-  rows.clear();
-  const int line = ParseDelimited(text, separator, otherwise, firstLine, rows);
-  if (line != 0) brokenLine = line;
-  return line == 0;
+FittingRule FindFittingRule(TextView text, char separator, QuoteRule otherwise, int firstLine) {
+  const TableEnd strict = ReadDelimited(text, separator, QuoteRule::Strict, firstLine, {});
+  if (strict.brokenLine == 0) return {QuoteRule::Strict, 0, strict};
+  return {otherwise, strict.brokenLine, ReadDelimited(text, separator, otherwise, firstLine, {})};
 }
 
 char GuessSeparator(TextView text, char fallback) {

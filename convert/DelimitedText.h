@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -18,17 +19,35 @@ enum class QuoteRule {
   None,     ///< quotes are characters like any other
 };
 
-/// Rows of a text; empty lines give none. `separator` is an ASCII character.
-/// @param firstLine  number of the text's first line
-/// @return 0, or the line at which the text breaks `rule`; `rows` then holds those before it
-int ParseDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
-                   std::vector<DelimitedRow>& rows);
+/// More fields than the widest spreadsheet has columns (XFD), or more characters in a field than
+/// anybody reads on a card, make a text no table.
+inline constexpr std::size_t MostFields = 16'384;
+inline constexpr std::size_t LongestField = std::size_t{1} << 20;  ///< bytes of UTF-8
 
-/// The rows by the rule that fits: strict, or else `otherwise`, and then `brokenLine` is where the
-/// strict one broke.
-/// @return false when `otherwise` breaks as well
-bool ParseDelimitedAsItFits(TextView text, char separator, QuoteRule otherwise, int firstLine,
-                            std::vector<DelimitedRow>& rows, int& brokenLine);
+/// How reading a table ended.
+struct TableEnd {
+  int brokenLine = 0;    ///< where the text breaks the rule of its quotes; 0 when it keeps it
+  int tooLargeLine = 0;  ///< of a row that goes beyond MostFields or LongestField, or 0
+  bool IsWell() const { return brokenLine == 0 && tooLargeLine == 0; }
+};
+
+/// Hears a row; what is in it may be moved away.
+using RowListener = std::function<void(DelimitedRow& row)>;
+
+/// Reads the rows of a text, in room for one of them; empty lines give none. `separator` is an
+/// ASCII character.
+/// @param firstLine  number of the text's first line
+/// @param listener   hears the rows before the one that ends the reading; may be empty
+TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
+                       const RowListener& listener);
+
+/// The rule that a text keeps: Strict, or else `otherwise`.
+struct FittingRule {
+  QuoteRule rule = QuoteRule::Strict;
+  int strictBrokenLine = 0;  ///< where Strict broke; 0 when it fits
+  TableEnd end;              ///< how reading by `rule` ends
+};
+FittingRule FindFittingRule(TextView text, char separator, QuoteRule otherwise, int firstLine);
 
 /// The separator that the first line of `text` has most of, quoted parts aside: "\t", "," or ";".
 /// `fallback` when it has none.

@@ -3,6 +3,7 @@
 #include "base/CodePage.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 #include <utility>
 
 namespace {
@@ -15,7 +16,8 @@ char16_t VisibleUnit(char16_t unit) {
   const bool otherControl = unit >= 0x80 && unit < 0xA0;
   // Marks that turn the direction of writing would mix up a whole report.
   const bool direction = (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
-  return otherControl || direction ? 0xFFFD : unit;
+  const bool breaksLine = unit == 0x2028 || unit == 0x2029;
+  return otherControl || direction || breaksLine ? 0xFFFD : unit;
 }
 
 }  // namespace
@@ -100,6 +102,36 @@ Finding FoundAt(FindingKind kind, int line, int card, int side, std::string mess
   return {kind, Severity::Finding, line, card, side, std::move(message)};
 }
 
+void Findings::push_back(Finding finding) {
+  std::size_t& count = m_counts[static_cast<std::size_t>(finding.kind)];
+  const bool kept = finding.severity == Severity::Error || ++count <= MostOfAKind;
+  if (kept) m_list.push_back(std::move(finding));
+}
+
+void Findings::Append(const Findings& others) {
+  for (const Finding& finding : others) push_back(finding);
+  CountOnly(others);
+}
+
+void Findings::CountOnly(const Findings& others) {
+  for (std::size_t kind = 0; kind < Kinds; ++kind) {
+    m_counts[kind] += others.CountedOnly(static_cast<FindingKind>(kind));
+  }
+}
+
+std::size_t Findings::CountedOnly(FindingKind kind) const {
+  const std::size_t count = m_counts[static_cast<std::size_t>(kind)];
+  return count - std::min(count, MostOfAKind);
+}
+
+std::size_t Findings::CountedOnly() const {
+  std::size_t all = 0;
+  for (std::size_t kind = 0; kind < Kinds; ++kind) {
+    all += CountedOnly(static_cast<FindingKind>(kind));
+  }
+  return all;
+}
+
 Severity WorstOf(const Findings& findings) {
   Severity worst = Severity::Remark;
   for (const Finding& finding : findings) worst = std::max(worst, finding.severity);
@@ -115,6 +147,25 @@ std::string Printable(TextView text) {
   Text visible = ReplaceAll(text, LineBreak, u"\u23CE");
   std::transform(visible.begin(), visible.end(), visible.begin(), VisibleUnit);
   return ToUtf8(visible);
+}
+
+std::string PrintableLines(std::string_view utf8) {
+  Text visible = FromUtf8(utf8);
+  std::transform(visible.begin(), visible.end(), visible.begin(),
+                 [](char16_t unit) { return unit == u'\n' ? unit : VisibleUnit(unit); });
+  return ToUtf8(visible);
+}
+
+std::string WithoutControls(std::string_view json) {
+  Text escaped;
+  for (const char16_t unit : FromUtf8(json)) {
+    if (unit >= 0x7F && VisibleUnit(unit) != unit) {
+      escaped += FromUtf8(fmt::format("\\u{:04x}", static_cast<unsigned>(unit)));
+    } else {
+      escaped += unit;
+    }
+  }
+  return ToUtf8(escaped);
 }
 
 std::string Quoted(TextView text) {

@@ -2,6 +2,8 @@
 
 #include "base/Text.h"
 
+#include <array>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,7 +53,52 @@ struct Finding {
   std::string message;  ///< UTF-8, one line, no full stop
 };
 
-using Findings = std::vector<Finding>;
+/// What there is to say about a file: errors, and of each other kind the first MostOfAKind; those
+/// behind them are only counted, for a file of a hundred million mistakes is one as well.
+class Findings {
+ public:
+  static constexpr std::size_t MostOfAKind = 10'000;
+  using List = std::vector<Finding>;
+
+  Findings() = default;
+  Findings(std::initializer_list<Finding> findings) {
+    for (const Finding& finding : findings) push_back(finding);
+  }
+
+  void push_back(Finding finding);
+  /// Adds those of another list, and what it only counted.
+  void Append(const Findings& others);
+  template <class Iterator>
+  void insert(List::const_iterator, Iterator first, Iterator last) {
+    for (; first != last; ++first) push_back(*first);
+  }
+  void clear() { *this = {}; }
+
+  bool empty() const { return m_list.empty(); }
+  std::size_t size() const { return m_list.size(); }
+  const Finding& front() const { return m_list.front(); }
+  const Finding& back() const { return m_list.back(); }
+  const Finding& operator[](std::size_t at) const { return m_list[at]; }
+  const Finding& at(std::size_t at) const { return m_list.at(at); }
+  List::const_iterator begin() const { return m_list.begin(); }
+  List::const_iterator end() const { return m_list.end(); }
+  List::iterator begin() { return m_list.begin(); }
+  List::iterator end() { return m_list.end(); }
+
+  /// Counts what another list only counted, without its findings.
+  void CountOnly(const Findings& others);
+
+  /// How many of a kind were only counted.
+  std::size_t CountedOnly(FindingKind kind) const;
+  /// How many of all kinds were only counted.
+  std::size_t CountedOnly() const;
+
+ private:
+  static constexpr std::size_t Kinds = static_cast<std::size_t>(FindingKind::Remark) + 1;
+
+  List m_list;
+  std::array<std::size_t, Kinds> m_counts{};
+};
 
 /// About the file as a whole, or one of its lines.
 Finding Found(FindingKind kind, int line, std::string message);
@@ -68,6 +115,13 @@ void SortByLine(Findings& findings);
 
 /// UTF-8 that a terminal can show: control characters become signs of their own, line breaks "⏎".
 std::string Printable(TextView text);
+
+/// The same for several lines of UTF-8: all that people are told goes through it last. Line feeds
+/// stay, and a byte that is no UTF-8 becomes a character of Windows-1252.
+std::string PrintableLines(std::string_view utf8);
+
+/// A text of JSON without control characters: they stand in its strings alone, as "\u009b".
+std::string WithoutControls(std::string_view json);
 
 /// The same in quotes, cut to a length that fits into a message.
 std::string Quoted(TextView text);

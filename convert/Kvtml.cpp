@@ -330,7 +330,6 @@ bool ReadKvtml(std::string_view bytes, const std::string& encoding, TextColumns 
                fmt::format("Out of memory: {} entries, almost all of them empty", survey.entries)));
     return false;
   }
-  deck.cards.reserve(deck.cards.size() + survey.entries);
   Reader(utf8, survey, deck, findings).Read(wanted);
   return true;
 }

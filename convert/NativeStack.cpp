@@ -100,16 +100,18 @@ class Preparation {
                       Quoted(content.picture)));
       content.picture.clear();
     }
-    if (Text whole = WithCrLf(content.text); whole != content.text) {
+    // A text may be as long as its file: it is copied only where something changes.
+    if (const bool breaks = content.text.find_first_of(LineBreak) != Text::npos;
+        breaks && WithCrLf(content.text) != content.text) {
       add(FindingKind::LineEnds,
           fmt::format("a break of another kind in {} becomes a line break", Quoted(content.text)));
-      content.text = std::move(whole);
+      content.text = WithCrLf(content.text);
     }
-    if (Text kept = WithoutEmptyLines(content.text); kept != content.text) {
+    if (content.text.find(u"\r\n\r\n") != Text::npos) {
       add(FindingKind::ChangedText,
           fmt::format("an empty line in {} gets a blank; without, it would read as a caret",
                       Quoted(content.text)));
-      content.text = std::move(kept);
+      content.text = WithoutEmptyLines(content.text);
     }
     if (const TextView cut = CutToLoad(content.text); cut.size() < content.text.size()) {
       add(FindingKind::LongText,
@@ -160,7 +162,7 @@ NativeContent ReadNative(std::string_view bytes, TextView fileName, const SideLi
   NativeContent content;
   CollectedPrompts prompts(content.messages);
   StackStore stacks;
-  std::vector<DeckCard>& cards = content.deck.cards;
+  CardList& cards = content.deck.cards;
   const auto take = [&](const SideRead& read) {
     const auto number = static_cast<std::size_t>(read.card);
     if (number > cards.size()) cards.resize(number);

@@ -49,7 +49,7 @@ Json FindingsJson(const Findings& findings) {
 
 /// Names of files need not be UTF-8; then a sign stands for each byte that is none.
 std::string Dump(const Json& json) {
-  return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+  return WithoutControls(json.dump(2, ' ', false, Json::error_handler_t::replace)) + "\n";
 }
 
 std::string CountWords(std::size_t count, std::string_view one) {
@@ -72,6 +72,7 @@ std::string FindingLines(const Text& path, const Findings& findings, ReportLimit
   std::string lines;
   std::map<FindingKind, std::size_t> total;
   for (const Finding& finding : findings) ++total[finding.kind];
+  for (auto& [kind, count] : total) count += findings.CountedOnly(kind);
   std::map<FindingKind, std::size_t> shown;
   const std::string name = Printable(path);
   for (const Finding& finding : findings) {
@@ -81,9 +82,15 @@ std::string FindingLines(const Text& path, const Findings& findings, ReportLimit
     if (finding.severity == Severity::Error) lines += "error: ";
     if (finding.severity == Severity::Remark) lines += "note: ";
     lines += FindingLine(finding) + "\n";
-    if (number == limits.perKind && total[finding.kind] > number) {
-      lines += fmt::format("{}: {} more of this kind ({}); --all lists them\n", name,
-                           total[finding.kind] - number, KindName(finding.kind));
+    const std::size_t more = total[finding.kind] - number;
+    if (number == limits.perKind && more > 0) {
+      lines += fmt::format("{}: {} more of this kind ({}); --all lists {}\n", name, more,
+                           KindName(finding.kind),
+                           findings.CountedOnly(finding.kind) > 0
+                               ? fmt::format("the first {}", Findings::MostOfAKind)
+                               : std::string("them"));
+    } else if (number == Findings::MostOfAKind && more > 0) {
+      lines += fmt::format("{}: {} more of this kind ({})\n", name, more, KindName(finding.kind));
     }
   }
   return lines;
@@ -95,6 +102,7 @@ void CheckSummary::Add(const FileReport& report) {
   };
   findings += static_cast<std::size_t>(
       std::count_if(report.findings.begin(), report.findings.end(), isFinding));
+  findings += report.findings.CountedOnly();
   switch (WorstOf(report.findings)) {
     case Severity::Remark:
       ++clean;
@@ -142,6 +150,9 @@ std::string CheckJson(const std::vector<FileReport>& reports) {
   for (const FileReport& report : reports) {
     Json file = FactsJson(report);
     file["findings"] = FindingsJson(report.findings);
+    if (const std::size_t more = report.findings.CountedOnly(); more > 0) {
+      file["more_findings"] = more;
+    }
     files.push_back(std::move(file));
     summary.Add(report);
   }

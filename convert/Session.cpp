@@ -10,8 +10,13 @@
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <utility>
 
 namespace {
+
+/// Everything for people goes out here, so that no control character of a file or of an argument
+/// reaches a terminal.
+void Say(const TextOutput& output, std::string_view words) { output(PrintableLines(words)); }
 
 ReportLimits LimitsOf(const Request& request) { return {.perKind = request.all ? 0U : 10U}; }
 
@@ -47,8 +52,9 @@ void Tell(const Text& path, const Findings& findings, const Request& request,
   for (const Finding& finding : findings) {
     (finding.severity == Severity::Error ? errors : others).push_back(finding);
   }
-  around.out(FindingLines(path, others, LimitsOf(request)));
-  around.error(FindingLines(path, errors, LimitsOf(request)));
+  others.CountOnly(findings);
+  Say(around.out, FindingLines(path, others, LimitsOf(request)));
+  Say(around.error, FindingLines(path, errors, LimitsOf(request)));
 }
 
 bool LoadTopics(const Request& request, Surroundings& around, TopicList& topics) {
@@ -56,7 +62,7 @@ bool LoadTopics(const Request& request, Surroundings& around, TopicList& topics)
   std::string bytes;
   const FileStatus status = around.files.Read(path, bytes);
   if (status != FileStatus::Ok) {
-    around.error(fmt::format("{}: error: {}\n", Printable(path), ToUtf8(ErrorText(status))));
+    Say(around.error, fmt::format("{}: error: {}\n", Printable(path), ToUtf8(ErrorText(status))));
     return false;
   }
   LoadTopicList(topics, ProfileFile(around.files, path));
@@ -89,7 +95,7 @@ int RunCheck(const Request& request, Surroundings& around) {
   if (request.json) {
     around.out(CheckJson(reports));
   } else if (!request.quiet) {
-    around.out(summary.Words() + "\n");
+    Say(around.out, summary.Words() + "\n");
   }
   return summary.ExitCode();
 }
@@ -108,7 +114,7 @@ int RunInfo(const Request& request, Surroundings& around) {
     if (!usable) status = Unusable;
     if (request.json) continue;
     if (usable) {
-      around.out(InfoText(report));
+      Say(around.out, InfoText(report));
     } else {
       Tell(report.path, report.findings, request, around);
     }
@@ -122,12 +128,12 @@ bool ReadInput(const std::string& name, Surroundings& around, std::string& bytes
   const Text path = DecodePath(name);
   if (name == StandardStream) {
     if (around.input(bytes)) return true;
-    around.error("-: error: the standard input cannot be read\n");
+    Say(around.error, "-: error: the standard input cannot be read\n");
     return false;
   }
   const FileStatus status = around.files.Read(path, bytes);
   if (status == FileStatus::Ok) return true;
-  around.error(fmt::format("{}: error: {}\n", Printable(path), ToUtf8(ErrorText(status))));
+  Say(around.error, fmt::format("{}: error: {}\n", Printable(path), ToUtf8(ErrorText(status))));
   return false;
 }
 
@@ -152,13 +158,14 @@ int RunShow(const Request& request, Surroundings& around) {
       (void)ReadDeck(*format, bytes, BaseName(path), request.options.read, deck, encoding,
                      findings);
     }
-    around.error(FindingLines(path, findings, LimitsOf(request)));
+    Say(around.error, FindingLines(path, findings, LimitsOf(request)));
     if (WorstOf(findings) == Severity::Error) {
       status = Unusable;
       continue;
     }
-    if (request.files.size() > 1) around.out(Printable(path) + "\n");
-    around.out(CardTable(deck, around.terminalWidth, around.characterWidth));
+    if (request.files.size() > 1) Say(around.out, Printable(path) + "\n");
+    ShowCardTable(deck, around.terminalWidth, around.characterWidth,
+                  [&](std::string_view row) { Say(around.out, row); });
   }
   return status;
 }
@@ -167,7 +174,7 @@ int RunShow(const Request& request, Surroundings& around) {
 bool FitsOutput(const Request& request, const Conversion& conversion, Surroundings& around) {
   if (request.output != StandardStream) return true;
   if (!request.options.copyMedia && conversion.outputs.size() == 1) return true;
-  around.error("-: error: several files cannot go to the standard output\n");
+  Say(around.error, "-: error: several files cannot go to the standard output\n");
   return false;
 }
 
@@ -177,13 +184,13 @@ int RunConvert(const Request& request, Surroundings& around) {
   if (!ReadInput(input, around, bytes)) return Unusable;
   const Text inPath = DecodePath(input);
   Conversion conversion;
-  const bool planned = PlanConversion(around.files, bytes, inPath, DecodePath(request.output),
-                                      request.options, conversion);
+  const bool planned = PlanConversion(around.files, std::move(bytes), inPath,
+                                      DecodePath(request.output), request.options, conversion);
   SortByLine(conversion.findings);
-  around.error(FindingLines(inPath, conversion.findings, LimitsOf(request)));
+  Say(around.error, FindingLines(inPath, conversion.findings, LimitsOf(request)));
   if (!planned) {
     if (WorstOf(conversion.findings) == Severity::Error) return Unusable;
-    around.error(
+    Say(around.error,
         fmt::format("{}: error: nothing is written, because something would be lost (--strict)\n",
                     Printable(inPath)));
     return SomethingFound;
@@ -195,18 +202,18 @@ int RunConvert(const Request& request, Surroundings& around) {
   }
   conversion.findings.clear();
   const bool written = WriteConversion(around.files, conversion);
-  around.error(FindingLines(inPath, conversion.findings, LimitsOf(request)));
+  Say(around.error, FindingLines(inPath, conversion.findings, LimitsOf(request)));
   if (!written) return Unusable;
   if (!request.quiet) {
     for (const OutputFile& output : conversion.outputs) {
-      around.out(fmt::format("{}: {} card{}\n", Printable(output.path), output.cards,
-                             output.cards == 1 ? "" : "s"));
+      Say(around.out, fmt::format("{}: {} card{}\n", Printable(output.path), output.cards,
+                                  output.cards == 1 ? "" : "s"));
     }
     if (request.options.copyMedia) {
-      around.out(fmt::format("{} copied\n",
-                             conversion.mediaCopied == 1
-                                 ? "1 picture or sound"
-                                 : fmt::format("{} pictures and sounds", conversion.mediaCopied)));
+      Say(around.out, fmt::format("{} copied\n", conversion.mediaCopied == 1
+                                                     ? "1 picture or sound"
+                                                     : fmt::format("{} pictures and sounds",
+                                                                   conversion.mediaCopied)));
     }
   }
   return conversion.mediaLeft == 0 ? AllIsWell : SomethingFound;

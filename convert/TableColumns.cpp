@@ -60,18 +60,12 @@ std::string ColumnLabel(std::size_t column, const Text& name) {
                       : fmt::format("column {} ({})", column + 1, Quoted(name));
 }
 
-/// Fields of one column that no card takes.
-struct LostFields {
-  int count = 0;
-  int line = 0;  // of the first
-};
-
 void SetMediaName(Text& name, const Text& field) {
   if (!field.empty()) name = Text(TrimBlanks(field));
 }
 
 /// @return false when a card has no place for it
-bool PlaceField(ColumnRole role, const Text& field, const FieldDecoder& decode, DeckCard& card) {
+bool PlaceField(ColumnRole role, Text& field, const FieldDecoder& decode, DeckCard& card) {
   DeckSide& front = card.sides[0];
   DeckSide& back = card.sides[1];
   switch (role) {
@@ -145,33 +139,38 @@ void PlaceTexts(std::vector<TableColumn>& columns, TextColumns wanted) {
   if (wanted.back <= 0) PlaceText(columns, 0, ColumnRole::BackText);
 }
 
-void AddCards(const std::vector<DelimitedRow>& rows, std::size_t first,
-              std::vector<TableColumn> columns, const FieldDecoder& decode, Deck& deck,
-              Findings& findings) {
-  std::vector<LostFields> lost;
-  for (std::size_t i = first; i < rows.size(); ++i) {
-    const DelimitedRow& row = rows[i];
-    if (row.fields.size() > columns.size()) columns.resize(row.fields.size());
-    lost.resize(columns.size());
-    DeckCard& card = deck.cards.emplace_back();
-    card.line = row.line;
-    for (std::size_t j = 0; j < row.fields.size(); ++j) {
-      if (PlaceField(columns[j].role, row.fields[j], decode, card)) continue;
-      if (lost[j].count++ == 0) lost[j].line = row.line;
-    }
-    if (row.fields.size() == 1 && columns.size() > 1) {
-      findings.push_back(FoundAt(
-          FindingKind::IgnoredLine, row.line, static_cast<int>(deck.cards.size()), -1,
-          fmt::format("only one field, {}; the other side is empty", Quoted(row.fields.front()))));
-    }
+Finding TooLargeRow(int line) {
+  return Failed(FindingKind::Malformed, line,
+                fmt::format("a row of more than {} fields, or a field of more than {} bytes",
+                            MostFields, LongestField));
+}
+
+void CardRows::Take(DelimitedRow& row) {
+  if (row.fields.size() > m_columns.size()) m_columns.resize(row.fields.size());
+  m_lost.resize(m_columns.size());
+  DeckCard card;
+  card.line = row.line;
+  if (row.fields.size() == 1 && m_columns.size() > 1) {
+    m_findings.push_back(FoundAt(
+        FindingKind::IgnoredLine, row.line, static_cast<int>(m_deck.cards.size()) + 1, -1,
+        fmt::format("only one field, {}; the other side is empty", Quoted(row.fields.front()))));
   }
-  for (std::size_t j = 0; j < lost.size(); ++j) {
-    if (lost[j].count == 0) continue;
-    findings.push_back(Found(
-        FindingKind::LostField, lost[j].line,
+  for (std::size_t i = 0; i < row.fields.size(); ++i) {
+    if (PlaceField(m_columns[i].role, row.fields[i], m_decode, card)) continue;
+    if (m_lost[i].count++ == 0) m_lost[i].line = row.line;
+  }
+  m_deck.cards.push_back(std::move(card));
+}
+
+void CardRows::ListLosses() {
+  for (std::size_t i = 0; i < m_lost.size(); ++i) {
+    const LostFields& lost = m_lost[i];
+    if (lost.count == 0) continue;
+    m_findings.push_back(Found(
+        FindingKind::LostField, lost.line,
         fmt::format(
-            "{} has no place on a card; {} in it {} left out", ColumnLabel(j, columns[j].name),
-            lost[j].count == 1 ? std::string("one field") : fmt::format("{} fields", lost[j].count),
-            lost[j].count == 1 ? "is" : "are")));
+            "{} has no place on a card; {} in it {} left out", ColumnLabel(i, m_columns[i].name),
+            lost.count == 1 ? std::string("one field") : fmt::format("{} fields", lost.count),
+            lost.count == 1 ? "is" : "are")));
   }
 }

@@ -47,11 +47,37 @@ std::vector<TableColumn> ColumnsOfHeading(const std::vector<Text>& fields);
 /// first ones without a role. Makes room for as many columns as it takes.
 void PlaceTexts(std::vector<TableColumn>& columns, TextColumns wanted);
 
-/// Turns a field into a side's text and media; sets all that it knows.
-using FieldDecoder = std::function<void(const Text& field, DeckSide& side)>;
+/// Turns a field into a side's text and media; sets all that it knows, and may take the field.
+using FieldDecoder = std::function<void(Text& field, DeckSide& side)>;
 
-/// A card for each row from `first` on. Fields that no card can take are counted and listed by
-/// column, and rows with a single field by line.
-void AddCards(const std::vector<DelimitedRow>& rows, std::size_t first,
-              std::vector<TableColumn> columns, const FieldDecoder& decode, Deck& deck,
-              Findings& findings);
+/// What is said about a row that goes beyond MostFields or LongestField.
+Finding TooLargeRow(int line);
+
+/// Fields of one column that no card takes.
+struct LostFields {
+  int count = 0;
+  int line = 0;  ///< of the first
+};
+
+/// Makes a card of each row that it is given. Fields that no card can take are counted, and rows
+/// with a single field listed.
+class CardRows {
+ public:
+  CardRows(std::vector<TableColumn> columns, FieldDecoder decode, Deck& deck, Findings& findings)
+      : m_columns(std::move(columns)),
+        m_decode(std::move(decode)),
+        m_deck(deck),
+        m_findings(findings) {}
+
+  void Take(DelimitedRow& row);
+
+  /// Lists by column what was lost.
+  void ListLosses();
+
+ private:
+  std::vector<TableColumn> m_columns;
+  FieldDecoder m_decode;
+  Deck& m_deck;
+  Findings& m_findings;
+  std::vector<LostFields> m_lost;
+};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
+#include <optional>
 
 namespace {
 
@@ -33,6 +34,15 @@ Text Joined(const std::vector<Text>& fields) {
   return joined;
 }
 
+bool ListTableEnd(const TableEnd& end, Findings& findings) {
+  if (end.brokenLine != 0) {
+    findings.push_back(
+        Failed(FindingKind::Malformed, end.brokenLine, "a quote that opens here is never closed"));
+  }
+  if (end.tooLargeLine != 0) findings.push_back(TooLargeRow(end.tooLargeLine));
+  return end.IsWell();
+}
+
 }  // namespace
 
 bool ReadWordTable(TextView text, WordTableOptions options, Deck& deck, Findings& findings) {
@@ -45,35 +55,35 @@ bool ReadWordTable(TextView text, WordTableOptions options, Deck& deck, Findings
   }
   // Lists that are typed by hand with tabs hold quotes as they come; with commas they protect.
   const QuoteRule otherwise = options.separator == '\t' ? QuoteRule::None : QuoteRule::Lenient;
-  std::vector<DelimitedRow> rows;
-  int brokenLine = 0;
-  if (!ParseDelimitedAsItFits(text, options.separator, otherwise, firstLine, rows, brokenLine)) {
-    findings.push_back(
-        Failed(FindingKind::Malformed, brokenLine, "a quote that opens here is never closed"));
-    return false;
-  }
-  if (brokenLine != 0) {
-    findings.push_back(Found(FindingKind::Malformed, brokenLine,
+  const FittingRule fitting = FindFittingRule(text, options.separator, otherwise, firstLine);
+  if (!ListTableEnd(fitting.end, findings)) return false;
+  if (fitting.strictBrokenLine != 0) {
+    findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
                              otherwise == QuoteRule::None
                                  ? "quotes are not used as in a table; they stay in the texts"
                                  : "a quote stands inside a field; read as well as possible"));
   }
 
-  std::size_t first = 0;
-  std::vector<TableColumn> columns;
-  const bool heading =
-      !rows.empty() && (options.heading == Heading::Yes ||
-                        (options.heading == Heading::Guess && IsHeading(rows.front().fields)));
-  if (heading) {
-    first = 1;
-    columns = ColumnsOfHeading(rows.front().fields);
-    findings.push_back(
-        Remarked(rows.front().line,
-                 fmt::format("read as a heading: {}", Quoted(Joined(rows.front().fields)))));
-  }
-  PlaceTexts(columns, options.columns);
-  const auto decode = [](const Text& field, DeckSide& side) { side.text = WithCrLf(field); };
-  AddCards(rows, first, std::move(columns), decode, deck, findings);
+  std::optional<CardRows> cards;
+  const auto decode = [](Text& field, DeckSide& side) {
+    side.text = field.find_first_of(LineBreak) == Text::npos ? std::move(field) : WithCrLf(field);
+  };
+  const auto take = [&](DelimitedRow& row) {
+    if (cards) return cards->Take(row);
+    const bool heading = options.heading == Heading::Yes ||
+                         (options.heading == Heading::Guess && IsHeading(row.fields));
+    std::vector<TableColumn> columns;
+    if (heading) {
+      columns = ColumnsOfHeading(row.fields);
+      findings.push_back(
+          Remarked(row.line, fmt::format("read as a heading: {}", Quoted(Joined(row.fields)))));
+    }
+    PlaceTexts(columns, options.columns);
+    cards.emplace(std::move(columns), decode, deck, findings);
+    if (!heading) cards->Take(row);
+  };
+  (void)ReadDelimited(text, options.separator, fitting.rule, firstLine, take);
+  if (cards) cards->ListLosses();
   return true;
 }
 

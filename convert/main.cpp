@@ -1,5 +1,6 @@
 #include "base/DiskFiles.h"
 #include "base/Paths.h"
+#include "convert/Finding.h"
 #include "convert/Progress.h"
 #include "convert/Request.h"
 #include "convert/Session.h"
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <new>
 #include <string>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -49,7 +51,7 @@ bool ReadStandardInput(std::string& content) {
 int Run(int argc, char** argv) {
   const ParsedArguments parsed = ParseArguments(std::vector<std::string>(argv + 1, argv + argc));
   if (!parsed.request) {
-    std::fputs(parsed.words.c_str(), parsed.wrong ? stderr : stdout);
+    std::fputs(PrintableLines(parsed.words).c_str(), parsed.wrong ? stderr : stdout);
     return parsed.wrong ? Unusable : AllIsWell;
   }
   DiskFiles files(SafePlace());
@@ -80,8 +82,10 @@ int main(int argc, char** argv) {
   int status = Unusable;
   try {
     status = Run(argc, argv);
+  } catch (const std::bad_alloc&) {
+    std::fputs("quibconv: error: Out of memory\n", stderr);
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "quibconv: error: %s\n", error.what());
+    std::fprintf(stderr, "quibconv: error: %s\n", PrintableLines(error.what()).c_str());
   }
   if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
     std::fputs("quibconv: error: the standard output cannot be written\n", stderr);

@@ -18,6 +18,12 @@ Deck MakeDeck(std::initializer_list<std::pair<Text, Text>> cards) {
   return deck;
 }
 
+std::string CardTable(const Deck& deck, int width, CharacterWidth characterWidth) {
+  std::string table;
+  ShowCardTable(deck, width, characterWidth, [&](std::string_view row) { table += row; });
+  return table;
+}
+
 TEST(CardTable, ColumnsStandBelowEachOther) {
   EXPECT_EQ(CardTable(MakeDeck({{u"犬", u"dog"}, {u"a cat", u"two\r\nlines"}}), 0, Width),
             "#  Front  Back\n1  犬     dog\n2  a cat  two⏎lines\n");
@@ -49,6 +55,13 @@ TEST(CardTable, EveryRowFindsRoomOnTheTerminal) {
 TEST(CardTable, AShortColumnKeepsItsWidth) {
   EXPECT_EQ(CardTable(MakeDeck({{u"hello", Text(40, u'b')}}), 30, Width),
             "#  Front  Back\n1  hello  bbbbbbbbbbbbbbbbbbb…\n");
+}
+
+TEST(CardTable, AnEndlessFrontDoesNotPadAllRows) {
+  const std::string table =
+      CardTable(MakeDeck({{Text(100'000, u'a'), u"b"}, {u"c", u"d"}}), 0, Width);
+  EXPECT_LT(table.size(), 101'000U);
+  EXPECT_NE(table.find("a  b\n2  c  "), std::string::npos);
 }
 
 TEST(CardTable, NoCards) { EXPECT_EQ(CardTable({}, 80, Width), "#  Front  Back\n"); }
