@@ -23,7 +23,8 @@ constexpr const char* ProgramFooter =
     "  quibconv convert animals.QBC animals.txt  a stack becomes a text file for Anki\n"
     "\n"
     "quibconv COMMAND --help tells more about a command. Exit status: 0 all is well, 1 something\n"
-    "was found or lost, 2 a file or the command itself is unusable.";
+    "was found, nothing was written because of --strict, or media were left behind, 2 a file, the\n"
+    "command or the standard output is unusable, or memory ran out.";
 
 constexpr const char* CheckWords =
     "Reads each file as Quib!Cards would and reports what is odd about it, with line numbers: "
@@ -79,8 +80,9 @@ constexpr const char* ConvertFooter =
     "  quibconv convert --media copy animals.QBC usb/animals.kvtml\n"
     "  quibconv convert --encoding utf-8 broken.QBC repaired.QBC\n"
     "\n"
-    "Exit status: 0 written, 1 nothing written because of --strict or media missing, 2 nothing\n"
-    "written.";
+    "Exit status: 0 written; 1 nothing written because of --strict, or written but for some of "
+    "the\n"
+    "media; 2 nothing written, or the standard output failed.";
 
 constexpr const char* FormatList = "qbc, qbs, tsv, csv, kvtml or anki";
 

@@ -238,6 +238,66 @@ class Companions(QuibconvTest):
                         self.assertIn(word[1:] if word != "--help" else "-help", manual)
                         self.assertIn(word, completion)
 
+    def test_every_documented_exit_status_happens(self):
+        manual = (SOURCE / "convert" / "quibconv.1").read_text(encoding="utf-8")
+        section = manual.split(".Sh EXIT STATUS")[1].split(".Sh")[0]
+        documented = {int(code) for code in re.findall(r"^\.It (\d+)$", section, re.M)}
+        for command in ((), ("check",), ("convert",)):
+            words = self.run_it(*command, "--help").stdout.decode().split("Exit status:")[1]
+            self.assertEqual({int(code) for code in re.findall(r"(?:^|[,;]) (\d)", words)}, documented)
+        self.put("odd.QBC", STACK + b"2^^10  \r\nb  \r\n")
+        self.put("clean.QBC", STACK)
+        self.put("media.csv", b"Front,Back,Front sound\na,b,none.wav\n")
+        happened = {
+            self.run_it("check", "clean.QBC").returncode,
+            self.run_it("check", "odd.QBC", expect=1).returncode,
+            self.run_it("check", "none.QBC", expect=2).returncode,
+            self.run_it("info", "none.QBC", expect=2).returncode,
+            self.run_it("show", "none.QBC", expect=2).returncode,
+            self.run_it("convert", "clean.QBC", "clean.csv").returncode,
+            self.run_it("convert", "--strict", "clean.QBC", "strict.csv", expect=1).returncode,
+            self.run_it("convert", "--media", "copy", "media.csv", "media.QBC", expect=1).returncode,
+            self.run_it("convert", "--header", "--no-header", "clean.csv", "x.QBC", expect=2).returncode,
+            self.run_it("convert", "clean.QBC", "clean.csv", expect=2).returncode}
+        self.assertEqual(happened, documented)
+        self.assertFalse((self.folder / "strict.csv").exists())
+        self.assertTrue((self.folder / "media.QBC").exists())
+
+    def test_a_first_row_is_a_heading_or_a_card_as_it_is_said(self):
+        self.put("words.csv", b"house,Haus\ndog,Hund\n")
+        self.put("named.csv", b"Back,Front\nHaus,house\n")
+        self.assertEqual(self.run_it("show", "--header", "words.csv").stdout.count(b"\n"), 2)
+        self.assertEqual(self.run_it("show", "words.csv").stdout.count(b"\n"), 3)
+        self.assertIn(b"1  house  Haus", self.run_it("show", "named.csv").stdout)
+        self.assertIn(b"1  Back   Front", self.run_it("show", "--no-header", "named.csv").stdout)
+
+    def test_control_characters_reach_no_terminal(self):
+        evil = b"\x1b]0;x\x07\xc2\x9b1m\xe2\x80\xae"
+        name = b"a" + evil + b".QBC"
+        self.put(os.fsdecode(name), b"T" + evil + b"\r\n" + evil + b"\r\n" + evil +
+                 b"x^^ " + evil + b".wav \r\nb  \r\n")
+        table = os.fsdecode(b"t" + evil + b".csv")
+        self.put(table, b"Front,Back,Front sound\n" + evil + b",b,../" + evil + b".wav\n")
+        for arguments in (("check", "."), ("check", name), ("info", name), ("show", name, table),
+                          ("check", "--json", name), ("info", "--json", name),
+                          ("convert", "--force", "--media", "copy", table, b"out" + evil + b".kvtml"),
+                          ("convert", name, b"none" + evil + b"/x.csv"), ("check", "--from", evil, name),
+                          (evil,), ("show", "--encoding", evil, name), ("check", b"none" + evil)):
+            result = subprocess.run([PROGRAM, *arguments], capture_output=True, timeout=60,
+                                    cwd=self.folder, check=False)
+            with self.subTest(arguments=arguments):
+                self.assertTrue(result.stdout + result.stderr)
+                self.assertNotRegex((result.stdout + result.stderr).decode(),
+                                    "[\x00-\x09\x0b-\x1f\x7f-\x9f\u202a-\u202e\u2066-\u2069]")
+
+    def test_too_little_memory_is_told(self):
+        self.put("words.csv", b"house,Haus\n" * 2_000_000)
+        result = subprocess.run(["sh", "-c", 'ulimit -v 80000; exec "$0" convert words.csv words.tsv', PROGRAM],
+                                capture_output=True, timeout=60, cwd=self.folder, check=False)
+        self.assertEqual(result.returncode, 2, result)
+        self.assertIn(b"Out of memory", result.stderr)
+        self.assertEqual(os.listdir(self.folder), ["words.csv"])
+
     @unittest.skipUnless(shutil.which("mandoc"), "mandoc is not installed")
     def test_the_manual_page_is_well_formed(self):
         result = subprocess.run(["mandoc", "-T", "lint", SOURCE / "convert" / "quibconv.1"],
