@@ -3,6 +3,7 @@
 #include "base/LetterCase.h"
 #include "base/Paths.h"
 #include "cards/SideLine.h"
+#include "convert/MediaCopy.h"
 #include "study/MediaFiles.h"
 #include "tests/fuzz/Require.h"
 #include "tests/support/MemoryFiles.h"
@@ -13,7 +14,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
+#include <memory>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -139,6 +143,94 @@ void CheckDisk(const std::string& bytes) {
   REQUIRE(content == "content");
 }
 
+/// A deck's folder with files, links and traps, one for what is copied, and secrets beside them.
+class PlantedTree {
+ public:
+  PlantedTree() {
+    std::string name = (std::filesystem::temp_directory_path() / "planted-XXXXXX").string();
+    REQUIRE(mkdtemp(name.data()) != nullptr);
+    m_root = std::filesystem::canonical(name).string();
+    for (const char* const folder : {"deck/sub", "out", "secret"}) {
+      std::filesystem::create_directories(m_root + "/" + folder);
+    }
+    for (const char* const file : {"deck/dog.jpg", "deck/Dog.WAV", "deck/sub/cat.png",
+                                   "deck/.x.gif", "deck/a.txt", "deck/words.csv"}) {
+      std::ofstream(m_root + "/" + file) << "deck";
+    }
+    for (const char* const file : {"secret/key.jpg", "secret/id", "key.wav"}) {
+      std::ofstream(m_root + "/" + file) << "secret";
+    }
+    std::filesystem::create_symlink("../secret", m_root + "/deck/up");
+    std::filesystem::create_symlink("../secret/key.jpg", m_root + "/deck/key.jpg");
+    std::filesystem::create_symlink("sub/cat.png", m_root + "/deck/cat.gif");
+    REQUIRE(mkfifo((m_root + "/deck/pipe.wav").c_str(), 0600) == 0);
+  }
+  PlantedTree(const PlantedTree&) = delete;
+  PlantedTree& operator=(const PlantedTree&) = delete;
+  ~PlantedTree() { std::filesystem::remove_all(m_root); }
+
+  Text PathOf(const std::string& name) const { return DecodePath(m_root + "/" + name); }
+
+  /// What was copied is a copy from the deck's folder under a bare name; it goes away again.
+  void RequireHarmless() const {
+    for (const auto& entry : std::filesystem::directory_iterator(m_root + "/out")) {
+      REQUIRE(entry.is_regular_file() && !entry.is_symlink());
+      REQUIRE(!entry.path().filename().string().starts_with("."));
+      std::string content;
+      std::ifstream(entry.path()) >> content;
+      REQUIRE(content == "deck");
+      std::filesystem::remove(entry.path());
+    }
+    const auto names = std::filesystem::recursive_directory_iterator(m_root);
+    REQUIRE(std::distance(begin(names), end(names)) == 17);
+  }
+
+ private:
+  std::string m_root;
+};
+
+/// The disk, while it is watched that nothing is read or written elsewhere.
+class WatchedFiles : public DiskFiles {
+ public:
+  explicit WatchedFiles(const PlantedTree& tree)
+      : DiskFiles(tree.PathOf("out")), m_deck(tree.PathOf("deck/")), m_out(tree.PathOf("out/")) {}
+
+  FileStatus Read(const Text& path, std::string& content) override {
+    const Text real = Look(path).realPath;
+    REQUIRE(real.empty() || real.starts_with(m_deck) || real.starts_with(m_out));
+    return DiskFiles::Read(path, content);
+  }
+  FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override {
+    REQUIRE(path.starts_with(m_out) && path.find(u'/', m_out.size()) == Text::npos);
+    REQUIRE(!Look(path).isLink);
+    return DiskFiles::Replace(path, replacement);
+  }
+
+ private:
+  Text m_deck;
+  Text m_out;
+};
+
+/// Copies what a deck names. "%" stands for the tree, so that names from the root lead into it.
+void CheckCopies(const std::vector<std::string>& lines, bool toStack) {
+  static const PlantedTree tree;
+  WatchedFiles files(tree);
+  Deck deck;
+  for (const std::string& line : lines) {
+    DeckCard card;
+    card.sides[0].picture = ReplaceAll(DecodePath(line), u"%", tree.PathOf(""));
+    card.sides[1].sound = FromUtf8(line);
+    deck.cards.push_back(std::move(card));
+  }
+  const MediaWay way{tree.PathOf("deck/words.csv"), tree.PathOf("out/words.QBC"), toStack, true,
+                     true};
+  std::vector<MediaCopy> copies;
+  Findings findings;
+  REQUIRE(PlanMedia(files, deck, way, copies, findings));
+  REQUIRE(CopyMedia(files, way, {way.outPath}, copies, findings) <= copies.size());
+  tree.RequireHarmless();
+}
+
 std::vector<std::string> Lines(const std::string& bytes) {
   std::vector<std::string> lines(1);
   for (const char byte : bytes) {
@@ -168,5 +260,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }
   CheckLine(DecodeFileText(bytes), u' ');
   CheckLookup(names);
+  for (const bool toStack : {false, true}) CheckCopies(Lines(bytes), toStack);
   return 0;
 }
