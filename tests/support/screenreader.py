@@ -220,6 +220,10 @@ class Thing:
         """What stands in a text field."""
         return self._call("GetText", 0, -1, interface="org.a11y.atspi.Text", signature="ii")[0]
 
+    def press(self):
+        """Does the first thing that this offers to do; it is asked for on return, not done."""
+        self._call("DoAction", 0, interface="org.a11y.atspi.Action", signature="i")
+
     def children(self):
         return [Thing(self.bus, name, path) for name, path in self._call("GetChildren")[0]]
 
