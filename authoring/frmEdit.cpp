@@ -314,7 +314,7 @@ bool frmEdit::SaveCards() {
   const FileStatus status = m_editor.Save();
   if (status == FileStatus::Ok) return true;
   Stack().StackName = oldName;
-  m_platform.prompts.Show(FileErrorPrompt(status));
+  m_platform.prompts.Show(FileErrorPrompt(status, stacks.Saves.rescueFolder));
   return false;
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <fcntl.h>
+#include <new>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <thread>
@@ -34,7 +35,7 @@ Text DiskFiles::Find(const Text& path) {
   return DecodePath(name);
 }
 
-FileStatus DiskFiles::Read(const Text& path, std::string& content) {
+FileStatus DiskFiles::Read(const Text& path, std::string& content) try {
   if (NamesNoFile(path)) return FileStatus::IllegalName;
   std::string name;
   if (const FileStatus status = FindOnDisk(path, name); status != FileStatus::Ok) return status;
@@ -42,15 +43,19 @@ FileStatus DiskFiles::Read(const Text& path, std::string& content) {
   const Descriptor file = OpenFile(name, O_RDONLY | O_NONBLOCK);
   if (!file.IsOpen()) return StatusForPath(name, errno);
   return ReadAll(file.Number(), content);
+} catch (const std::bad_alloc&) {
+  return FileStatus::OutOfMemory;
 }
 
-FileStatus DiskFiles::Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) {
+FileStatus DiskFiles::Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) try {
   if (NamesNoFile(path)) return FileStatus::IllegalName;
   std::string target;
   FileStatus status = FindOnDisk(path, target);
   if (status != FileStatus::Ok) return status;
   if (status = FollowToTarget(target); status != FileStatus::Ok) return status;
   return BeginReplacement(std::move(target), EncodePath(m_safePlace), replacement);
+} catch (const std::bad_alloc&) {  // the old content is read where the folder takes no new file
+  return FileStatus::OutOfMemory;
 }
 
 GroupResult DiskFiles::ReplaceTogether(const std::vector<NewFile>& files) {
@@ -58,22 +63,11 @@ GroupResult DiskFiles::ReplaceTogether(const std::vector<NewFile>& files) {
 }
 
 FileFacts DiskFiles::Look(const Text& path) {
-  FileFacts facts;
   std::string name;
-  struct stat info {};
   if (NamesNoFile(path) || FindOnDisk(path.empty() ? Text(u".") : path, name) != FileStatus::Ok) {
-    return facts;
+    return {};
   }
-  if (::lstat(name.c_str(), &info) != 0) return facts;
-  facts.isLink = S_ISLNK(info.st_mode);
-  std::string real = name;
-  if (!RealPath(real) || ::lstat(real.c_str(), &info) != 0) return facts;
-  facts.realPath = DecodePath(real);
-  facts.isThere = true;
-  facts.isRegular = S_ISREG(info.st_mode);
-  facts.device = info.st_dev;
-  facts.number = info.st_ino;
-  return facts;
+  return FactsOf(name);
 }
 
 FileStatus DiskFiles::Remove(const Text& path) {

@@ -5,7 +5,7 @@
 /// The real file system, through POSIX calls. A file is replaced through a temporary file in its
 /// own folder and a rename. Where the folder refuses that, the new content goes to `safePlace`
 /// first and the file is then overwritten where it stands; what is in `safePlace` is removed once
-/// that worked.
+/// that worked, or once the old content was put back.
 class DiskFiles : public Files {
  public:
   /// @param safePlace  folder for copies made before a file is overwritten in place

@@ -114,3 +114,18 @@ bool RealPath(std::string& path) {
 FileStatus FollowToTarget(std::string& path) {
   return RealPath(path) ? FileStatus::Ok : FollowLinks(path);
 }
+
+FileFacts FactsOf(const std::string& name) {
+  FileFacts facts;
+  struct stat info {};
+  if (::lstat(name.c_str(), &info) != 0) return facts;
+  facts.isLink = S_ISLNK(info.st_mode);
+  std::string real = name;
+  if (!RealPath(real) || ::lstat(real.c_str(), &info) != 0) return facts;
+  facts.realPath = DecodePath(real);
+  facts.isThere = true;
+  facts.isRegular = S_ISREG(info.st_mode);
+  facts.device = info.st_dev;
+  facts.number = info.st_ino;
+  return facts;
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/FileStatus.h"
+#include "base/Files.h"
 #include "base/Text.h"
 
 #include <string>
@@ -25,6 +26,9 @@ FileStatus FollowLinks(std::string& path);
 
 /// Makes a path absolute and free of links; false when nothing is there, and then it stays.
 bool RealPath(std::string& path);
+
+/// What a name of the disk leads to.
+FileFacts FactsOf(const std::string& name);
 
 /// Turns a path into that of the file that is to be written: links are followed, to a file that is
 /// there or to one that is not there yet.

@@ -1,5 +1,8 @@
 #include "base/DiskReplacement.h"
 
+#include "base/DiskNames.h"
+#include "base/Paths.h"
+#include "base/RescueCopy.h"
 #include "base/SystemFile.h"
 #include "base/TemporaryFile.h"
 
@@ -33,40 +36,57 @@ class RenamingReplacement : public FileReplacement {
     m_temporary.clear();
     RemoveLeftovers(FolderOf(m_target));
     FlushFolder(FolderOf(m_target));
+    m_written = FactsOf(m_target);
     return FileStatus::Ok;
   }
+
+  FileFacts Written() const override { return m_written; }
 
  private:
   std::string m_target;
   std::optional<struct stat> m_old;
   std::string m_temporary;
   Descriptor m_file;
+  FileFacts m_written;
 };
 
 /// Overwrites a file whose folder takes no new file. Both contents lie in the safe place before the
 /// first byte changes, and stay there when neither could be written whole.
 class OverwritingReplacement : public FileReplacement {
  public:
-  OverwritingReplacement(Descriptor file, std::string old, std::string safePlace)
-      : m_file(std::move(file)), m_oldContent(std::move(old)), m_safePlace(std::move(safePlace)) {}
+  OverwritingReplacement(std::string target, Descriptor file, std::string old,
+                         std::string safePlace)
+      : m_target(std::move(target)),
+        m_file(std::move(file)),
+        m_oldContent(std::move(old)),
+        m_safePlace(std::move(safePlace)) {}
 
   bool ReplacesExisting() const override { return true; }
 
   FileStatus Commit(std::string_view content) override {
     std::string oldCopy;
     std::string newCopy;
-    FileStatus status = WriteTemporary(m_safePlace, m_oldContent, oldCopy);
+    const std::string name = m_target.substr(m_target.rfind('/') + 1);
+    FileStatus status = WriteCopy(m_safePlace, name, "old", m_oldContent, oldCopy);
     if (status != FileStatus::Ok) return status;
-    status = WriteTemporary(m_safePlace, content, newCopy);
+    status = WriteCopy(m_safePlace, name, "new", content, newCopy);
     bool whole = true;
     if (status == FileStatus::Ok) {
       status = Overwrite(content);
       whole = status == FileStatus::Ok || Overwrite(m_oldContent) == FileStatus::Ok;
       if (whole) ::unlink(newCopy.c_str());
     }
-    if (whole) ::unlink(oldCopy.c_str());
+    if (whole) {
+      ::unlink(oldCopy.c_str());
+    } else {
+      m_rescued = DecodePath(m_safePlace);
+    }
+    if (status == FileStatus::Ok) m_written = FactsOf(m_target);
     return status;
   }
+
+  Text Rescued() const override { return m_rescued; }
+  FileFacts Written() const override { return m_written; }
 
  private:
   FileStatus Overwrite(std::string_view content) {
@@ -80,9 +100,12 @@ class OverwritingReplacement : public FileReplacement {
     return Flush(m_file.Number());
   }
 
+  std::string m_target;
   Descriptor m_file;
   std::string m_oldContent;
   std::string m_safePlace;
+  Text m_rescued;
+  FileFacts m_written;
 };
 
 }  // namespace
@@ -109,7 +132,7 @@ FileStatus BeginReplacement(std::string target, const std::string& safePlace,
     return status;
   }
   if (MakeFolders(safePlace) != FileStatus::Ok) return refusal;
-  replacement =
-      std::make_unique<OverwritingReplacement>(std::move(inPlace), std::move(content), safePlace);
+  replacement = std::make_unique<OverwritingReplacement>(std::move(target), std::move(inPlace),
+                                                         std::move(content), safePlace);
   return FileStatus::Ok;
 }

@@ -65,9 +65,9 @@ FileStatus StatusOfSystemError(int errorNumber) {
     case EISDIR:
     case EACCES:
     case EPERM:
+    case EROFS:
     case ENOTEMPTY:
       return FileStatus::PathAccess;
-    case EROFS:
     case ETXTBSY:
     case EBUSY:
     case EAGAIN:

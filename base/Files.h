@@ -10,6 +10,20 @@
 #include <string_view>
 #include <vector>
 
+/// What lies under a path, links followed.
+struct FileFacts {
+  Text realPath;           ///< absolute and free of links
+  bool isThere = false;    ///< else nothing but isLink says anything
+  bool isRegular = false;  ///< a file with a content, unlike a folder, a device or a pipe
+  bool isLink = false;     ///< the path itself is a link, perhaps to nothing
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;  ///< with `device`: which file it is, whatever it is called
+
+  bool IsSameFile(const FileFacts& other) const {
+    return isThere && other.isThere && device == other.device && number == other.number;
+  }
+};
+
 /// A file that is being replaced. Until Commit succeeds the target keeps its old content; an
 /// unfinished replacement that is destroyed leaves no trace.
 class FileReplacement {
@@ -23,8 +37,16 @@ class FileReplacement {
   virtual bool ReplacesExisting() const = 0;
 
   /// Makes `content` the whole content of the target, flushed to the device. On failure the old
-  /// content stands. Called once.
+  /// content stands (but see Rescued). Called once.
   virtual FileStatus Commit(std::string_view content) = 0;
+
+  /// The one case in which a failed Commit does not leave the old content: it could be neither
+  /// replaced nor put back. Then the folder in which both contents lie, under names made of the
+  /// file's own; else empty.
+  virtual Text Rescued() const { return {}; }
+
+  /// The file that Commit wrote; nothing before it succeeded.
+  virtual FileFacts Written() const { return {}; }
 };
 
 /// Held while a file is read, changed and written back, so that a second program does not lose a
@@ -40,20 +62,6 @@ class FileLock {
 struct FolderContent {
   std::vector<Text> folders;  ///< names without separators, sorted without regard to letter case
   std::vector<Text> files;
-};
-
-/// What lies under a path, links followed.
-struct FileFacts {
-  Text realPath;           ///< absolute and free of links
-  bool isThere = false;    ///< else nothing but isLink says anything
-  bool isRegular = false;  ///< a file with a content, unlike a folder, a device or a pipe
-  bool isLink = false;     ///< the path itself is a link, perhaps to nothing
-  std::uint64_t device = 0;
-  std::uint64_t number = 0;  ///< with `device`: which file it is, whatever it is called
-
-  bool IsSameFile(const FileFacts& other) const {
-    return isThere && other.isThere && device == other.device && number == other.number;
-  }
 };
 
 /// One of several files that are written together. The content stays the caller's.
@@ -82,7 +90,7 @@ class Files {
   bool Exists(const Text& path) { return !Find(path).empty(); }
 
   /// Reads a whole file. `content` is meaningless after a failure. A file above 256 MiB, which no
-  /// stack can be, fails with OutOfMemory.
+  /// stack can be, fails with OutOfMemory, and so does one that the memory does not hold.
   virtual FileStatus Read(const Text& path, std::string& content) = 0;
 
   /// Begins to replace a file, or to make one: finds out at once what can go wrong before the

@@ -5,6 +5,7 @@
 #include "cards/SideLine.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -22,18 +23,25 @@ void StackFile::WriteHeader(TextView topicName, TextView description) {
   WriteLine(OneLine(FixedWidth(description, DescriptionWidth)));
 }
 
-FileStatus StackFile::WriteSide(Text& text, TextView soundPath, TextView picturePath) {
+FileStatus StackFile::WriteSide(Text& text, TextView soundPath, TextView picturePath) try {
   Text line;
   const FileStatus status = EncodeSideLine(text, OneLine(soundPath), OneLine(picturePath), line);
   if (status == FileStatus::Ok) WriteLine(line);
   return status;
+} catch (const std::bad_alloc&) {
+  return FileStatus::OutOfMemory;
 }
 
-FileStatus StackFile::Close(StackOrigin& origin) {
+FileStatus StackFile::Close(StackOrigin& origin) try {
   const std::string content = EncodeFileText(m_content);
   const FileStatus status = m_replacement->Commit(content);
-  if (status == FileStatus::Ok) origin = StackOrigin(m_path, content);
+  if (m_record != nullptr) m_record->rescueFolder = m_replacement->Rescued();
+  if (status != FileStatus::Ok) return status;
+  origin = StackOrigin(m_path, m_replacement->Written(), content);
+  if (m_record != nullptr) m_record->Note(origin);
   return status;
+} catch (const std::bad_alloc&) {
+  return FileStatus::OutOfMemory;
 }
 
 void StackFile::Abandon() {

@@ -63,10 +63,16 @@ Text WithStackExtension(TextView fileName) {
   return name.find(u'.') == Text::npos ? name + u".QBC" : name;
 }
 
-Prompt FileErrorPrompt(FileStatus status) {
-  return {.text = FileErrorText(status),
-          .icon = PromptIcon::Exclamation,
-          .title = Text(ProgramTitle).append(u" Error")};
+Prompt FileErrorPrompt(FileStatus status, TextView rescueFolder) {
+  Text text = FileErrorText(status);
+  if (!rescueFolder.empty()) {
+    text +=
+        u"\r\n\r\nThe file is damaged: it could be neither written nor put back. What it held, "
+        u"\"(old)\", and what was to be saved, \"(new)\", are in the folder\r\n" +
+        ShownName(rescueFolder);
+  }
+  return {
+      .text = text, .icon = PromptIcon::Exclamation, .title = Text(ProgramTitle).append(u" Error")};
 }
 
 FileStatus LoadStack(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,

@@ -30,7 +30,8 @@ Text StackNameOf(TextView fileName);
 Text WithStackExtension(TextView fileName);
 
 /// The words for a file error: title + " Error", exclamation, OK. Not for `Ok` and `Declined`.
-Prompt FileErrorPrompt(FileStatus status);
+/// @param rescueFolder  of a save that left a torn file (SaveRecord); empty for any other
+Prompt FileErrorPrompt(FileStatus status, TextView rescueFolder = {});
 
 /// Reads a stack in full and names it after its file.
 FileStatus LoadStack(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,

@@ -6,6 +6,7 @@
 #include "cards/SideLine.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -162,7 +163,7 @@ FileStatus ReadImportStack(StackStore& stacks, Prompts& prompts, std::string_vie
 }  // namespace
 
 FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
-                         TextView fileName, ReadMode mode, const TopicCheck& check) {
+                         TextView fileName, ReadMode mode, const TopicCheck& check) try {
   const Text path = WithSeparator(folder).append(fileName);
   std::string content;
   FileStatus status = files.Read(path, content);
@@ -170,9 +171,11 @@ FileStatus ReadStackFile(StackStore& stacks, Files& files, Prompts& prompts, Tex
   status = ReadStackContent(stacks, prompts, content, folder, fileName, mode, check, {});
   if (status == FileStatus::Ok && mode == ReadMode::Full) {
     const Text found = files.Find(path);
-    stacks.Current().Origin = StackOrigin(found.empty() ? path : found, content);
+    stacks.Current().Origin = StackOrigin(found.empty() ? path : found, files.Look(path), content);
   }
   return status;
+} catch (const std::bad_alloc&) {
+  return FileStatus::OutOfMemory;
 }
 
 FileStatus ReadStackContent(StackStore& stacks, Prompts& prompts, std::string_view content,
@@ -186,4 +189,6 @@ FileStatus ReadStackContent(StackStore& stacks, Prompts& prompts, std::string_vi
 } catch (const Fault& fault) {
   if (fault.Number() != FileStatus::Overflow) throw;
   return fault.Number();  // more stacks than a 16-bit number counts
+} catch (const std::bad_alloc&) {
+  return FileStatus::OutOfMemory;
 }

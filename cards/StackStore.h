@@ -3,6 +3,7 @@
 #include "base/Int16.h"
 #include "base/Text.h"
 #include "cards/CardStack.h"
+#include "cards/SaveRecord.h"
 #include "cards/StackFile.h"
 
 #include <memory>
@@ -24,6 +25,8 @@ struct StackStore {
   /// characters, kept without padding. Reading any stack file replaces it, writing one writes it.
   Text StackDescription;
   Text FileTopicName;  ///< first line of the most recently read stack file
+
+  SaveRecord Saves;
 
   /// The stack file that is being written; open between the save dialog and the card editor.
   std::unique_ptr<StackFile> StackFileNumber;

@@ -254,6 +254,7 @@ void frmLoad::cmdOK_Click() {
   const Text fileName = ChosenFile();
   if (fileName.empty()) return;
   const BusyPointer busy;
+  m_shared.Stacks.Saves.rescueFolder.clear();
   const FileStatus status = RunOperation(fileName);
   m_shared.Switches.DefaultFolder = m_folder;
   switch (status) {
@@ -263,7 +264,7 @@ void frmLoad::cmdOK_Click() {
     case FileStatus::Declined:
       break;  // the dialog stays and says nothing
     default:
-      m_platform.prompts.Show(FileErrorPrompt(status));
+      m_platform.prompts.Show(FileErrorPrompt(status, m_shared.Stacks.Saves.rescueFolder));
   }
 }
 

@@ -34,7 +34,7 @@ def change(journey, text):
 
 
 def temporary_files(folder):
-    return [name for name in os.listdir(folder) if name.startswith(".quib-")]
+    return [name for name in os.listdir(folder) if name.startswith(".quibcards-save-")]
 
 
 def wait_for_temporary(folder, before):

@@ -16,7 +16,14 @@ namespace {
 
 constexpr TextView Topic = u"Spanish";
 
-bool IsTemporary(const fs::path& path) { return path.filename().string().starts_with(".quib-"); }
+/// A file of a save that is under way, or a copy that it keeps in the safe place.
+bool IsTemporary(const fs::path& path) {
+  const std::string name = path.filename().string();
+  const bool copy =
+      name.find(" (old") != std::string::npos || name.find(" (new") != std::string::npos;
+  const bool ofASave = name.starts_with(".quibcards-save-") || name.starts_with(".quib-old-");
+  return ofASave || (copy && path.parent_path().filename() == "safe");
+}
 
 std::string ContentOf(const fs::path& path) {
   std::ifstream file(path, std::ios::binary);

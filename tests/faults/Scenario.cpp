@@ -72,6 +72,7 @@ void CheckCase(const Scenario& scenario, const Reference& reference, std::size_t
                       disk != reference.oldDisk && disk != reference.newDisk;
   if (isTorn) {
     EXPECT_TRUE(AreBothSafe(reference, world)) << "torn, and a content is lost";
+    EXPECT_EQ(world.stacks.Saves.rescueFolder, world.PathOf("safe")) << "and nobody is told";
   } else if (!told) {
     EXPECT_TRUE(disk == reference.oldDisk || disk == reference.newDisk);
   } else {

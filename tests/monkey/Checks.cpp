@@ -153,8 +153,8 @@ QString Checks::AtHome() const {
   if (m_shared.Stacks.StackFileNumber != nullptr) {
     return QStringLiteral("a stack file is still open for writing");
   }
-  QDirIterator left(m_folder.path(), {QStringLiteral(".quib-*")}, QDir::Files | QDir::Hidden,
-                    QDirIterator::Subdirectories);
+  QDirIterator left(m_folder.path(), {QStringLiteral(".quibcards-save-*")},
+                    QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
   if (left.hasNext()) return left.next() + QStringLiteral(" was left behind");
   const WindowSwitches& switches = m_shared.Switches;
   if (switches.AddCardsMode || switches.NewDescription || switches.NewTopicMode ||

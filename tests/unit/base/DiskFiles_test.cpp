@@ -1,25 +1,16 @@
 #include "base/DiskFiles.h"
 
-#include "base/Paths.h"
-#include "tests/support/RealDisk.h"
 #include "tests/support/TextPrinters.h"
+#include "tests/unit/base/DiskFilesFixture.h"
 
-#include <cstdlib>
 #include <fcntl.h>
-#include <filesystem>
-#include <fstream>
 #include <future>
-#include <gtest/gtest.h>
-#include <iterator>
-#include <set>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
-
-namespace fs = std::filesystem;
 
 class Umask {
  public:
@@ -28,78 +19,6 @@ class Umask {
 
  private:
   mode_t m_old;
-};
-
-class DiskFilesTest : public testing::Test {
- protected:
-  DiskFilesTest() {
-    fs::create_directory(m_root / "cards");
-    for (const fs::path& folder : {m_root, m_root / "cards"}) {
-      if (::geteuid() == 0 && ::chown(folder.c_str(), Nobody, Nobody) != 0) {
-        ADD_FAILURE() << "cannot give " << folder << " away";
-      }
-    }
-  }
-  ~DiskFilesTest() override {
-    std::error_code ignored;
-    fs::permissions(Cards(), fs::perms::owner_all, ignored);
-    fs::remove_all(m_root, ignored);
-  }
-
-  fs::path Cards() const { return m_root / "cards"; }
-  fs::path SafePlace() const { return m_root / "safe"; }
-
-  /// The path of a name in the folder "cards".
-  Text At(const std::string& name) const { return DecodePath((Cards() / name).string()); }
-
-  void Put(const std::string& name, const std::string& content) const {
-    std::ofstream(Cards() / name, std::ios::binary) << content;
-  }
-  std::string OnDisk(const std::string& name) const {
-    std::ifstream file(Cards() / name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-  void SetMode(const std::string& name, mode_t mode) const {
-    EXPECT_EQ(::chmod((Cards() / name).c_str(), mode), 0);
-  }
-  mode_t Mode(const std::string& name) const {
-    struct stat info {};
-    EXPECT_EQ(::stat((Cards() / name).c_str(), &info), 0);
-    return info.st_mode & 07777;
-  }
-
-  /// Everything in a folder, hidden names included.
-  static std::set<std::string> Names(const fs::path& folder) {
-    std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename());
-    return names;
-  }
-
-  FileStatus Write(const std::string& name, std::string_view content) {
-    std::unique_ptr<FileReplacement> replacement;
-    const FileStatus begun = files.Replace(At(name), replacement);
-    return begun == FileStatus::Ok ? replacement->Commit(content) : begun;
-  }
-  FileStatus ReadStatus(const std::string& name) {
-    std::string content;
-    return files.Read(At(name), content);
-  }
-  std::string Content(const std::string& name) {
-    std::string content;
-    EXPECT_EQ(files.Read(At(name), content), FileStatus::Ok) << name;
-    return content;
-  }
-
- private:
-  static fs::path MakeRoot() {
-    std::string root = testing::TempDir() + "quib-test-XXXXXX";
-    return ::mkdtemp(root.data());
-  }
-
-  fs::path m_root = MakeRoot();
-
- protected:
-  DiskFiles files{DecodePath(SafePlace().string())};
 };
 
 using Name = std::set<std::string>;
@@ -467,18 +386,6 @@ TEST_F(DiskFilesTest, SaysWhenTooManyFilesAreOpen) {
   ::setrlimit(RLIMIT_NOFILE, &old);
   EXPECT_EQ(read, FileStatus::TooManyFiles);
   EXPECT_EQ(written, FileStatus::TooManyFiles);
-}
-
-TEST_F(DiskFilesTest, ASaveRemovesWhatAKilledOneLeftLongAgo) {
-  Put(".quib-AAAAAA", "left long ago");
-  Put(".quib-BBBBBB", "being written now");
-  Put(".quib-notes", "somebody else's");
-  fs::last_write_time(Cards() / ".quib-AAAAAA",
-                      fs::file_time_type::clock::now() - std::chrono::hours(2));
-  fs::last_write_time(Cards() / ".quib-notes",
-                      fs::file_time_type::clock::now() - std::chrono::hours(2));
-  EXPECT_EQ(Write("verbs.QBC", "x"), FileStatus::Ok);
-  EXPECT_EQ(Names(Cards()), (std::set<std::string>{".quib-BBBBBB", ".quib-notes", "verbs.QBC"}));
 }
 
 // Removing

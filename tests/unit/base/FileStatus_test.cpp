@@ -72,7 +72,7 @@ struct SystemError {
 TEST(StatusOfSystemError, FollowsTheTable) {
   constexpr SystemError Table[] = {
       {0, 0},          {ENOENT, 53},      {ENOTDIR, 76},      {ELOOP, 76},       {EISDIR, 75},
-      {EACCES, 75},    {EPERM, 75},       {EROFS, 70},        {ETXTBSY, 70},     {EBUSY, 70},
+      {EACCES, 75},    {EPERM, 75},       {EROFS, 75},        {ETXTBSY, 70},     {EBUSY, 70},
       {EAGAIN, 70},    {EWOULDBLOCK, 70}, {ENAMETOOLONG, 64}, {EINVAL, 64},      {EILSEQ, 64},
       {ENXIO, 68},     {ENODEV, 68},      {EHOSTDOWN, 68},    {ENETUNREACH, 68}, {ENOMEDIUM, 71},
       {ETIMEDOUT, 71}, {EIO, 57},         {ESTALE, 57},       {EBADF, 57},       {ENOSPC, 61},

@@ -130,6 +130,12 @@ TEST(FileErrorPrompt, UsesTheSystemsWordsForAllOthers) {
   }
 }
 
+TEST(FileErrorPrompt, SaysWhereBothContentsOfADamagedFileAre) {
+  const Text text = FileErrorPrompt(FileStatus::DiskFull, u"/home/a/rescue").text;
+  EXPECT_TRUE(text.starts_with(u"Disk full\r\n\r\nThe file is damaged"));
+  EXPECT_TRUE(text.ends_with(u"are in the folder\r\n/home/a/rescue"));
+}
+
 // --- Load
 
 TEST_F(LoadStackTest, NamesTheStackAfterItsFile) {

@@ -16,6 +16,9 @@ constexpr TextView Overwrite = u"File Already Exists. Overwrite?\r\n(Choose OK i
 constexpr TextView Changed =
     u"The file was changed elsewhere since you loaded or saved this stack.\r\n"
     u"Overwrite those changes?\r\n(Choose Cancel to keep the file)";
+constexpr TextView SavedHere =
+    u"You have saved another stack to this file since you loaded or saved this one.\r\n"
+    u"Overwrite that stack?\r\n(Choose Cancel to keep the file)";
 
 /// A file that is loaded, changed by somebody else or not, and saved.
 class ChangedFileTest : public testing::Test {
@@ -45,12 +48,12 @@ class ChangedFileTest : public testing::Test {
 };
 
 TEST(StackOrigin, TellsContentsApart) {
-  const StackOrigin origin(u"x", "content");
+  const StackOrigin origin(u"x", {}, "content");
   EXPECT_TRUE(origin.IsContent("content"));
   EXPECT_FALSE(origin.IsContent("contenu"));
   EXPECT_FALSE(origin.IsContent("content "));
   EXPECT_FALSE(origin.IsContent(""));
-  EXPECT_TRUE(StackOrigin(u"x", "").IsContent(""));
+  EXPECT_TRUE(StackOrigin(u"x", {}, "").IsContent(""));
 }
 
 TEST_F(ChangedFileTest, AnUnchangedFileIsAskedForOnce) {
@@ -151,6 +154,20 @@ TEST_F(ChangedFileTest, OfTwoStacksOfOneFileEachSeesWhatTheOtherSaved) {
   EXPECT_EQ(Save({Answer::Ok}), FileStatus::Ok);
   stacks.CurrentStack = 0;
   EXPECT_EQ(Save({Answer::Ok, Answer::Cancel}), FileStatus::Declined);
+  ExpectPrompt(prompts.shown[1], SavedHere, PromptIcon::Exclamation, PromptButtons::OkCancel);
+  EXPECT_TRUE(prompts.shown[1].proposesRefusal);
+  files.Put(u"c/words.QBC", Theirs);
+  EXPECT_EQ(Save({Answer::Ok, Answer::Cancel}), FileStatus::Declined);
+  EXPECT_EQ(prompts.shown[1].text, Changed);
+}
+
+TEST_F(ChangedFileTest, WhatThisRunSavedIsKnownThoughItsStackIsGone) {
+  ASSERT_EQ(Load(), FileStatus::Ok);
+  stacks.Append().CardCount = 1;
+  EXPECT_EQ(Save({Answer::Ok}, u"words.QBC", FileDialogMode::SaveNew), FileStatus::Ok);
+  stacks.RemoveCurrentStack();
+  EXPECT_EQ(Save({Answer::Ok, Answer::Cancel}), FileStatus::Declined);
+  EXPECT_EQ(prompts.shown[1].text, SavedHere);
 }
 
 TEST_F(ChangedFileTest, AStackTakesItsOriginAlongWhenAnotherIsRemoved) {
