@@ -104,6 +104,16 @@ Text WriteWordTable(const Deck& deck, char separator, Heading heading) {
     }
     AppendRow(text, names, separator);
   }
+  // A text that grows as it goes takes three times its room for a moment.
+  constexpr std::size_t Marks = 2 + 6 * 3;
+  std::size_t units = text.size();
+  for (const DeckCard& card : deck.cards) {
+    for (const DeckSide& side : card.sides) {
+      units += side.text.size() + side.sound.size() + side.picture.size();
+    }
+    units += Marks;
+  }
+  text.reserve(units);
   for (const DeckCard& card : deck.cards) {
     const auto& [front, back] = card.sides;
     std::vector<Text> fields = {front.text, back.text};
