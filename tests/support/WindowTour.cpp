@@ -19,6 +19,7 @@
 #include "shell/frmHelp.h"
 #include "shell/frmMain.h"
 #include "shell/frmStartup.h"
+#include "study/PictureBox.h"
 #include "study/frmStepper.h"
 #include "study/frmTime.h"
 
@@ -172,6 +173,7 @@ void WindowTour::ShowStudy(TextView fileName, StudyMode mode, const QString& nam
   frmStepper& window = m_studyWindows.Open();
   Show(window, name + QStringLiteral("-start"));
   Click(window, "cmdNext");
+  Find<PictureBox>(window, "picTop").WaitUntilLoaded();
   Show(window, name + QStringLiteral("-question"));
   if (mode == StudyMode::Chooser) {
     Click(window, "optChoice(1)");
