@@ -34,6 +34,7 @@ struct Header {
   Text topic;
   Text description;
   std::vector<int> programColumns;  ///< counted from 1
+  bool hasNoteType = false;
   int tagsColumn = 0;
   int deckColumn = 0;
   int lines = 0;
@@ -75,6 +76,8 @@ void TakeHeaderLine(Header& header, TextView key, TextView value) {
   } else if (is(u"deck column")) {
     header.deckColumn = ColumnNumber(value);
     header.programColumns.push_back(header.deckColumn);
+  } else if (is(u"notetype")) {
+    header.hasNoteType = true;
   } else if (is(u"notetype column") || is(u"guid column")) {
     header.programColumns.push_back(ColumnNumber(value));
   }
@@ -207,7 +210,7 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
     cards.Take(row);
   });
   cards.ListLosses();
-  if (header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
+  if (header.hasNoteType || header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
     findings.push_back(Remarked(0, "note types and identifiers are Anki's own and stay behind"));
   }
   if (!header.tags.empty()) {

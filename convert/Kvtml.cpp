@@ -22,7 +22,7 @@ namespace {
 /// that take many times the memory of the file. A small file may be anything.
 std::size_t MostEntries(std::size_t length) {
   constexpr std::size_t Free = std::size_t{16} << 20;
-  return (Free + 3 * length) / sizeof(DeckCard);
+  return (Free + 4 * length) / sizeof(DeckCard);
 }
 
 /// A few texts in a row for a message.
@@ -45,7 +45,8 @@ class Reader {
   Reader(std::string_view utf8, const KvtmlSurvey& survey, Deck& deck, Findings& findings)
       : m_walk(utf8), m_survey(survey), m_deck(deck), m_findings(findings) {}
 
-  void Read(TextColumns wanted) {
+  /// @return false when a text is too long; then the last finding is an error
+  bool Read(TextColumns wanted) {
     PlaceLanguages(wanted);
     (void)m_walk.xml.Next();
     const int line = m_walk.xml.Line();
@@ -54,6 +55,11 @@ class Reader {
       LoseStray("kvtml", line);
     }
     ListLosses();
+    if (m_tooLongLine == 0) return true;
+    m_findings.push_back(Failed(
+        FindingKind::LongText, m_tooLongLine,
+        fmt::format("a text of more than {} characters is of no card", XmlWalker::LongestText)));
+    return false;
   }
 
  private:
@@ -93,11 +99,14 @@ class Reader {
   /// The text of an element that holds nothing else.
   Text ReadText(std::string_view element) {
     LoseAttributes(element, {});
-    return m_walk.ReadText([&](std::string_view mark) {
+    const int line = m_walk.xml.Line();
+    Text text = m_walk.ReadText([&](std::string_view mark) {
       m_losses.Add(fmt::format("of the mark <{}> in <{}> only the text stays; the rest is left out",
                                ShownName(mark), ShownName(element)),
                    m_walk.xml.Line());
     });
+    if (text.size() > XmlWalker::LongestText && m_tooLongLine == 0) m_tooLongLine = line;
+    return text;
   }
   /// The same into a place that takes one text: the first with anything in it.
   void TakeText(std::string_view element, Text& place, bool trim) {
@@ -306,6 +315,7 @@ class Reader {
   std::array<std::optional<std::string>, 2> m_sideIds;
   NameList m_languageNames;
   int m_languagesLine = 0;
+  int m_tooLongLine = 0;  ///< of a text
   int m_programLine = 0;  ///< that says who made the file
   NameList m_lessonNames;
   Text m_lastLesson;
@@ -325,11 +335,9 @@ bool ReadKvtml(std::string_view bytes, const std::string& encoding, TextColumns 
   KvtmlSurvey survey;
   if (!SurveyKvtml(utf8, survey, findings)) return false;
   if (survey.entries > MostEntries(utf8.size())) {
-    findings.push_back(
-        Failed(FindingKind::Unreadable, 0,
-               fmt::format("Out of memory: {} entries, almost all of them empty", survey.entries)));
+    findings.push_back(Failed(FindingKind::Unreadable, 0,
+                              fmt::format("Out of memory: {} entries", survey.entries)));
     return false;
   }
-  Reader(utf8, survey, deck, findings).Read(wanted);
-  return true;
+  return Reader(utf8, survey, deck, findings).Read(wanted);
 }

@@ -217,7 +217,9 @@ class Decoder {
       FlushBreak();
       m_side.text.append(LineBreak);
     } else if (name == u"IMG") {
-      Keep(m_side.picture, SourceOf(attributes));
+      Text source = SourceOf(attributes);
+      if (source.empty()) m_losses.formatting = true;
+      Keep(m_side.picture, std::move(source));
     } else if (IsBlock(name)) {
       m_breakDue = !m_side.text.empty() && !m_side.text.ends_with(LineBreak);
     } else {

@@ -48,7 +48,11 @@ class XmlWalker {
   /// The same, its own attributes aside.
   bool SkipInside();
 
-  /// The text of the element that has begun, that of the elements in it included.
+  /// Beyond so many UTF-16 units a text is of no card, and would take many times its length.
+  static constexpr std::size_t LongestText = std::size_t{1} << 20;
+
+  /// The text of the element that has begun, that of the elements in it included. Of one that is
+  /// too long only the beginning comes, which is too long as well.
   /// @param mark  called with the name of each of those
   template <typename Mark>
   Text ReadText(Mark mark) {
@@ -61,7 +65,11 @@ class XmlWalker {
           mark(xml.Name());
           break;
         case XmlReader::Event::Words:
-          AppendDecoded(text, xml.Piece(), FileEncoding::MarkedUtf8);
+          // No more than it takes to be too long: a character has at most four bytes.
+          if (text.size() <= LongestText) {
+            AppendDecoded(text, xml.Piece().substr(0, 4 * LongestText + 4),
+                          FileEncoding::MarkedUtf8);
+          }
           break;
         case XmlReader::Event::End:
           --depth;

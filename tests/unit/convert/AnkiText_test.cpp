@@ -82,6 +82,12 @@ TEST(ReadAnkiText, FormattingAndFurtherMediaAreListed) {
   ASSERT_EQ(result.findings.size(), 2U);
 }
 
+TEST(ReadAnkiText, ThatANoteTypeStaysBehindIsRemarked) {
+  const Result result = Read(u"#notetype:Basic\na\tb");
+  ASSERT_EQ(result.findings.size(), 1U);
+  EXPECT_EQ(result.findings[0].severity, Severity::Remark);
+}
+
 TEST(ReadAnkiText, OfFurtherMediaThousandAreNamedAndTheOthersCounted) {
   Text sounds;
   for (int i = 0; i < 1500; ++i) sounds += u"[sound:a.wav]";

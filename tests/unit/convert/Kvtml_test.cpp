@@ -211,6 +211,16 @@ TEST(ReadKvtml, MoreEmptyEntriesThanAFileIsWorthAreRefused) {
   EXPECT_TRUE(result.deck.cards.empty());
 }
 
+TEST(ReadKvtml, ATextThatIsOfNoCardIsRefusedWithItsLine) {
+  const std::string most(std::size_t{1} << 20, 'x');
+  EXPECT_TRUE(Read(Entry("<text>" + most + "</text>")).read);
+  const Result result = Read(Entry("\n<text>" + most + "<b>y</b></text>"));
+  EXPECT_FALSE(result.read);
+  EXPECT_EQ(result.findings.back().severity, Severity::Error);
+  EXPECT_EQ(result.findings.back().line, 4);
+  EXPECT_FALSE(Read(Entry("<text>" + most + most + most + most + most + "</text>")).read);
+}
+
 TEST(ReadKvtml, KindsBeyondCountingAreCountedTogether) {
   std::string parts;
   for (int i = 0; i < 2000; ++i)

@@ -43,6 +43,9 @@ TEST(DecodeMarkup, SaysWhatItTookAway) {
                      losses);
   EXPECT_TRUE(losses.formatting);
   EXPECT_EQ(losses.media, (std::vector<Text>{u"2.wav", u"2.jpg"}));
+  MarkupLosses picture;
+  (void)DecodeMarkup(u"<img alt=x>", true, picture);
+  EXPECT_TRUE(picture.formatting);
   MarkupLosses none;
   (void)DecodeMarkup(u"a<br><div>b</div><!-- remark -->", true, none);
   EXPECT_FALSE(none.formatting);
