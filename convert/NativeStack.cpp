@@ -52,10 +52,11 @@ bool TakesWhole(TextView name, Text (*take)(Text&, TextView, char16_t), TextView
 
 /// Puts a blank into each empty line of a text: two line breaks in a row read as a caret.
 Text WithoutEmptyLines(TextView text) {
-  Text kept(text);
-  for (std::size_t at = kept.find(u"\r\n\r\n"); at != Text::npos;
-       at = kept.find(u"\r\n\r\n", at + 1)) {
-    kept.insert(at + LineBreak.size(), 1, u' ');
+  Text kept;
+  kept.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (kept.ends_with(LineBreak) && text.substr(i).starts_with(LineBreak)) kept += u' ';
+    kept += text[i];
   }
   return kept;
 }

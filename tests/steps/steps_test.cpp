@@ -54,8 +54,10 @@ void ReadAs(DeckFormat format, const std::string& bytes, const std::string& enco
   Findings findings;
   ReadOptions options;
   options.encoding = encoding;
-  (void)ReadDeck(format, bytes, format == DeckFormat::Import ? u"x.QBS" : u"x.QBC", options, deck,
-                 used, findings);
+  const bool well = ReadDeck(format, bytes, format == DeckFormat::Import ? u"x.QBS" : u"x.QBC",
+                             options, deck, used, findings);
+  // A single card can be as long as the file, and goes on into a stack.
+  if (well && deck.cards.size() == 1) (void)WriteDeck(DeckFormat::Stack, deck, {}, findings);
 }
 
 TEST(Steps, TheCounterSeesTheSquareOfALength) {
