@@ -2,6 +2,7 @@
 
 #include "study/Speller.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -29,7 +30,18 @@ void ShowQuestionSide(CardDisplay& display, const StudySession& session, const C
 }  // namespace
 
 Text ShownSideText(const CardStack& stack, int card, int side) {
-  return IsThere(stack, card) ? Text(stack.SideText(card, side)) : Text();
+  return IsThere(stack, card) ? Text(TrimRight(stack.SideText(card, side))) : Text();
+}
+
+int MostLines(const CardStack& stack) {
+  std::ptrdiff_t most = 0;
+  for (int card = 1; card <= stack.CardCount; ++card) {
+    for (const int side : {Front, Back}) {
+      const Text text = ShownSideText(stack, card, side);
+      most = std::max(most, std::count(text.begin(), text.end(), u'\n'));
+    }
+  }
+  return static_cast<int>(most) + 1;
 }
 
 void ClearCard(CardDisplay& display) { display = CardDisplay(); }

@@ -30,8 +30,12 @@ struct CardDisplay {
 /// Looks a card's media name up: the path of a file that is there, or an empty text.
 using MediaLookup = std::function<Text(const Text& name)>;
 
-/// A card's side as it is shown: blank for a card that the stack no longer has.
+/// A card's side as it is shown: without the blanks behind it, which a stack file pads with; blank
+/// for a card that the stack no longer has.
 Text ShownSideText(const CardStack& stack, int card, int side);
+
+/// The number of lines of the longest side of a stack as it is shown, at least 1.
+int MostLines(const CardStack& stack);
 
 /// Clears both lines, the picture and both sound buttons.
 void ClearCard(CardDisplay& display);

@@ -345,6 +345,39 @@ TEST_F(CardDisplayTest, ClearingTakesEverything) {
   EXPECT_FALSE(display.answerSoundEnabled);
 }
 
+TEST_F(CardDisplayTest, ShownTextEndsBeforeTheBlanksThatAStackFilePadsWith) {
+  stack.SetSideText(1, Front, u" dog  ");
+  stack.SetSideText(2, Front, u"   ");
+  EXPECT_EQ(ShownSideText(stack, 1, Front), u" dog");
+  EXPECT_EQ(ShownSideText(stack, 2, Front), u"");
+}
+
+TEST_F(CardDisplayTest, PaddingDoesNotCountWhereALineIsBroken) {
+  stack.SetSideText(1, Front, Text(20, u'a') + u" " + Text(19, u'b') + u"  ");
+  stack.SetSideText(1, Back, LongText + u"  ");
+  Question();
+  Answer();
+  EXPECT_EQ(display.questionLine, Text(20, u'a') + u" " + Text(19, u'b'));
+  EXPECT_EQ(display.answerLine, LongTextWrapped);
+}
+
+TEST_F(CardDisplayTest, ChoicesHaveNoPadding) {
+  stack.SetSideText(2, Back, u"gato  ");
+  session.choices = {2, 1, 2, 1, 0};
+  ShowChoices(display, session, stack);
+  EXPECT_EQ(display.choiceTexts[0], u"gato");
+}
+
+TEST_F(CardDisplayTest, TheMostLinesAreThoseOfTheLongestSideThatCounts) {
+  EXPECT_EQ(MostLines(stack), 1);
+  stack.SetSideText(2, Back, u"a\r\nb\r\nc");
+  EXPECT_EQ(MostLines(stack), 3);
+  stack.CardCount = 1;
+  EXPECT_EQ(MostLines(stack), 1);
+  stack.CardCount = 0;
+  EXPECT_EQ(MostLines(stack), 1);
+}
+
 TEST_F(CardDisplayTest, ShownTextIsEmptyOutsideTheCardsThatCount) {
   stack.SetSideText(3, Front, u"beyond");
   EXPECT_EQ(ShownSideText(stack, 2, Front), u"cat");
