@@ -1,15 +1,9 @@
 #pragma once
 
 #include "settings/ProfileFile.h"
+#include "shell/WindowPlacement.h"
 
 #include <optional>
-
-/// A window's size without its frame, in pixels of a 100 % desktop.
-struct WindowSize {
-  int width = 0;
-  int height = 0;
-  friend bool operator==(const WindowSize&, const WindowSize&) = default;
-};
 
 /// What the program remembers from one run to the next without anybody's setting it: see
 /// docs/formats.md, "State file". It is of no value to the user: what cannot be read is not
@@ -24,6 +18,7 @@ class RememberedState {
   /// @param path  the state file; it and its folder are made when there is something to remember
   RememberedState(Files& files, Text path);
 
+  /// Without the frame, in pixels of a 100 % desktop.
   /// @param window  a window's name: letters and digits
   /// @return nothing when none is known, or when what the file says is no size
   std::optional<WindowSize> Size(TextView window) const;

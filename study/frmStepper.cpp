@@ -3,16 +3,18 @@
 #include "base/QtText.h"
 #include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
-#include "study/CardZoom.h"
+#include "shell/KeptSize.h"
+#include "shell/ZoomKeys.h"
 #include "study/ChooserPanel.h"
 #include "study/MediaFiles.h"
 #include "study/PictureBox.h"
+#include "study/ScrolledText.h"
 #include "study/Speller.h"
 #include "study/SpokenText.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QFrame>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLayout>
 #include <QLineEdit>
@@ -23,12 +25,15 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <climits>
 
 namespace {
 
-constexpr float ComfortableZoom = 1.75;  // makes a font of 8.25 points 19 pixels high
-constexpr int PictureHeight = 160;       // pixels, added where a stack has pictures
+// Of the card of a window that opens for the first time, in pixels.
+constexpr int CardWidth = 735;
+constexpr int CardHeight = 350;
+constexpr int PictureHeight = 160;  // added where a stack has pictures
+
+constexpr int MostAnswerLines = 3;  // under the answer field; the card shows them all
 
 bool HasPictures(const CardStack& stack) {
   for (int card = 1; card <= stack.CardCount; ++card) {
@@ -85,6 +90,7 @@ frmStepper::frmStepper(SharedState& shared, Platform& platform, StudyWindows& wi
           [this] { Act(ssrSound[1], [this] { ssrSound_Click(1); }); });
   connect(m_chooser, &ChooserPanel::Chosen, this,
           [this](int index) { Act(m_chooser, [this, index] { optChoice_Click(index); }); });
+  connect(m_zoom, &ZoomKeys::Changed, this, &frmStepper::ApplyFonts);
   connect(tmrTimer, &QTimer::timeout, this, &frmStepper::tmrTimer_Timer);
   connect(picTop, &PictureBox::Failed, this, &frmStepper::picTop_Failed);
   Form_Load();
@@ -96,16 +102,22 @@ void frmStepper::Form_Load() {
   tmrTimer->setInterval(m_shared.Timer.TimerInterval);
   picTop->setVisible(HasPictures(Stack()));
   ShowSessionStart();
-  const QSize smallestCard(SmallestCardWidth, SmallestCardHeight);
-  QSize size = layout()->totalMinimumSize() + smallestCard * ComfortableZoom - smallestCard;
-  if (!picTop->isHidden()) size.rheight() += PictureHeight;
-  resize(size.boundedTo(screen()->availableSize()));
+  resize(OpeningSize().boundedTo(screen()->availableSize()));
+  new KeptSize(this, m_platform.state, Text(StudyCaption(chosen)));
   cmdRedo->setEnabled(false);
   cmdNext->setFocus();
   Render();
 }
 
+QSize frmStepper::OpeningSize() const {
+  QSize card(CardWidth, CardHeight);
+  if (!picTop->isHidden()) card.rheight() += PictureHeight;
+  return layout()->totalSizeHint() - sspTop->sizeHint() + card;
+}
+
 void frmStepper::Form_Unload() {
+  if (!m_open) return;  // its place in the list may be another window's by now
+  m_open = false;
   tmrTimer->stop();
   if (m_soundPlays) m_platform.sound.Stop();
   m_windows.Remove(m_session.instanceNumber);
@@ -130,25 +142,25 @@ void frmStepper::ShowFirstSide() {
 
 void frmStepper::ApplyFonts() {
   const TopicFonts& fonts = m_topic.Fonts;
-  const auto fontOf = [&](int side, float zoom) {
-    return side == Front ? DisplayFont(fonts.FrontFont, fonts.FrontSize, zoom)
-                         : DisplayFont(fonts.BackFont, fonts.BackSize, zoom);
-  };
-  const float zoom = CardZoom(sspTop->width(), sspTop->height());
-  lblTop->setFont(fontOf(m_session.firstSide, zoom));
-  lblBottom->setFont(fontOf(m_session.AnswerSide(), zoom));
-  // The rows below take their height from the card, so the width alone decides about them.
-  const float rowZoom = std::min(CardZoom(sspTop->width(), INT_MAX), ComfortableZoom);
-  const QFont answer = fontOf(m_session.AnswerSide(), rowZoom);
+  const float zoom = m_zoom->Factor();
+  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize, zoom);
+  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize, zoom);
+  const QFont& question = m_session.firstSide == Front ? front : back;
+  const QFont& answer = m_session.firstSide == Front ? back : front;
+  m_question->SetTextFont(question);
+  m_answer->SetTextFont(answer);
   txtSpell->setFont(answer);
   lblSpellAnswer->setFont(answer);
   m_chooser->SetAnswerFont(answer);
+  // There is room for the answer before it is shown: nothing moves at the check.
+  lblSpellAnswer->setFixedHeight(QFontMetrics(answer).lineSpacing() *
+                                 std::min(MostLines(Stack()), MostAnswerLines));
 }
 
 /// Puts the display state on the screen, at once: a sound that follows holds everything up.
 bool frmStepper::Render() {
-  lblTop->setText(ToShownText(m_display.questionLine));
-  lblBottom->setText(ToShownText(m_display.answerLine));
+  m_question->SetText(ToShownText(m_display.questionLine));
+  m_answer->SetText(ToShownText(m_display.answerLine));
   // The Chooser's answers stand below the card; only a card that is turned over there has text on
   // its lower half.
   m_answerHalf->setVisible(!IsChooser() || !m_display.answerLine.empty());
@@ -162,7 +174,7 @@ bool frmStepper::Render() {
   m_chooser->Render(m_display);
   const QPointer<frmStepper> alive(this);
   picTop->Show(ToQString(m_display.picture));
-  return alive != nullptr;
+  return alive != nullptr && m_open;
 }
 
 void frmStepper::SetSideControls(bool enabled) {
@@ -199,10 +211,11 @@ bool frmStepper::PlayCardSound(const Text& name) {
   m_platform.sound.Play(file);
   if (alive == nullptr) return false;
   m_soundPlays = false;
-  return isVisible();
+  return m_open;
 }
 
 void frmStepper::cmdNext_Click() {
+  if (!m_open) return;
   switch (Step(m_session, Stack(), *m_random)) {
     case StepPhase::Question:
       NewQuestion();
@@ -227,7 +240,7 @@ void frmStepper::NewQuestion() {
   }
   lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
   SetSideControls(false);
-  txtSpell->clear();
+  txtSpell->setText({});  // for good: undoing must not bring the last answer back
   ++m_questions;
   if (!Render() || !PlayCardSound(m_display.questionSound)) return;
   if (tmrTimer->interval() > 0) {
@@ -259,6 +272,7 @@ void frmStepper::RevealAnswer() {
 }
 
 void frmStepper::optChoice_Click(int index) {
+  if (!m_open) return;
   const std::optional<bool> right = Choose(m_session, index);
   if (!right) return;  // only the first choice counts
   const bool blanked = m_shared.Timer.HideWord || tmrTimer->interval() > 0;
@@ -285,7 +299,7 @@ void frmStepper::AskForRestart() {
   const Answer answer = m_platform.prompts.Show({.text = u"No more cards - Restart?",
                                                  .icon = PromptIcon::Information,
                                                  .buttons = PromptButtons::YesNo});
-  if (alive == nullptr) return;  // the program ended while the question was open
+  if (alive == nullptr || !m_open) return;  // it was closed while the question was open
   if (answer == Answer::Yes) {
     RestartPass();
   } else {
@@ -298,7 +312,7 @@ void frmStepper::RestartPass() {
   ShowSessionStart();
   SetSideControls(true);
   ClearCard(m_display);
-  txtSpell->clear();
+  txtSpell->setText({});
   m_chooser->ClearSelection();
   Render();
   Say(SpokenCount(m_session, Stack()));
@@ -323,6 +337,7 @@ void frmStepper::SideOption_Click(int side) {
 }
 
 void frmStepper::ssrSound_Click(int index) {
+  if (!m_open) return;
   (void)PlayCardSound(index == 0 ? m_display.questionSound : m_display.answerSound);
 }
 
@@ -349,19 +364,4 @@ void frmStepper::txtSpell_GotFocus() {
 void frmStepper::txtSpell_LostFocus() {
   m_keyMenus->SetEnabled(KeySide::Front, false);
   m_keyMenus->SetEnabled(KeySide::Back, false);
-}
-
-bool frmStepper::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == sspTop && event->type() == QEvent::Resize) ApplyFonts();
-  return Form::eventFilter(watched, event);
-}
-
-void frmStepper::keyPressEvent(QKeyEvent* event) {
-  const int choice = event->key() - Qt::Key_1;
-  const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
-  if (IsChooser() && plain && choice >= 0 && choice < ChoiceCount) {
-    m_chooser->Press(choice);
-    return;
-  }
-  Form::keyPressEvent(event);
 }

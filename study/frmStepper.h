@@ -16,6 +16,8 @@ class CardField;
 class ChooserPanel;
 class KeyMenus;
 class PictureBox;
+class ScrolledText;
+class ZoomKeys;
 class QFrame;
 class QLabel;
 class QLineEdit;
@@ -38,7 +40,6 @@ class frmStepper : public Form {
  protected:
   void Form_Unload() override;
   void keyPressEvent(QKeyEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void MakeControls();
@@ -47,6 +48,7 @@ class frmStepper : public Form {
   QWidget* MakeSpellerRow();
   QWidget* MakeScoreRow();
   void Form_Load();
+  QSize OpeningSize() const;
 
   bool IsSpeller() const { return m_session.mode == StudyMode::Speller; }
   bool IsChooser() const { return m_session.mode == StudyMode::Chooser; }
@@ -65,7 +67,7 @@ class frmStepper : public Form {
   void SetSideControls(bool enabled);
   /// Tells those who use a screen reader what has just changed.
   void Say(TextView words);
-  /// Gives question and answer their topic's fonts, enlarged as far as the card area has grown.
+  /// Gives question, answer, field and choices their topic's fonts, all enlarged alike.
   void ApplyFonts();
   /// What the user does with a control, however it arrives: at once, or when what is under way in
   /// the study windows has ended; a sound above all. Nothing when the control is disabled by then.
@@ -76,6 +78,11 @@ class frmStepper : public Form {
   /// Plays a card's sound unless sounds are off; text and picture are on the screen before.
   /// @return false when this window was closed meanwhile
   bool PlayCardSound(const Text& name);
+
+  /// What Enter does: it presses the button that has the focus, and Next from the answer field.
+  void PressFocused();
+  /// Question, answer and choices scroll as if they were one text.
+  void ScrollCard(int key);
 
   void cmdNext_Click();
   void cmdRedo_Click();
@@ -92,6 +99,7 @@ class frmStepper : public Form {
   StudySession m_session;
   CardDisplay m_display;
   Text m_topicName;
+  bool m_open = true;
   TopicSettings m_topic;  // copied at the start: a later topic change leaves this window alone
   std::unique_ptr<RandomSource> m_random;
   int m_questions = 0;  // asked so far
@@ -101,7 +109,9 @@ class frmStepper : public Form {
   QLabel* lblTop = nullptr;
   QLabel* lblBottom = nullptr;
   PictureBox* picTop = nullptr;
-  QWidget* m_answerHalf = nullptr;  // of the card, with lblBottom
+  ScrolledText* m_question = nullptr;  // with lblTop
+  ScrolledText* m_answer = nullptr;    // with lblBottom
+  QWidget* m_answerHalf = nullptr;     // of the card
   QLabel* lblCardCount = nullptr;
   QLabel* lblRight = nullptr;
   QLabel* lblWrong = nullptr;
@@ -112,6 +122,7 @@ class frmStepper : public Form {
   QLineEdit* txtSpell = nullptr;
   QLabel* lblSpellAnswer = nullptr;
   KeyMenus* m_keyMenus = nullptr;
+  ZoomKeys* m_zoom = nullptr;
   ChooserPanel* m_chooser = nullptr;
   QPushButton* cmdNext = nullptr;
   QPushButton* cmdRedo = nullptr;

@@ -1,11 +1,14 @@
 // What stands where in a study window. What it does is in frmStepper.cpp.
 #include "base/AccessibleRole.h"
+#include "base/OneLine.h"
 #include "keys/CardField.h"
 #include "keys/KeyMenus.h"
 #include "shell/Icons.h"
-#include "study/CardZoom.h"
+#include "shell/Zoom.h"
+#include "shell/ZoomKeys.h"
 #include "study/ChooserPanel.h"
 #include "study/PictureBox.h"
+#include "study/ScrolledText.h"
 #include "study/frmStepper.h"
 
 #include <QFrame>
@@ -15,24 +18,11 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScrollArea>
 #include <QToolButton>
 
 namespace {
 
 constexpr int MarkSize = 32;
-
-/// A card text breaks where the card says and nowhere else, so a long line scrolls.
-QScrollArea* Scrolling(QLabel* label, QWidget* owner) {
-  label->setAlignment(Qt::AlignCenter);
-  label->setMargin(4);
-  auto* const area = new QScrollArea(owner);
-  area->setFrameShape(QFrame::NoFrame);
-  area->setWidgetResizable(true);
-  area->setFocusPolicy(Qt::NoFocus);
-  area->setWidget(label);
-  return area;
-}
 
 }  // namespace
 
@@ -112,19 +102,23 @@ void frmStepper::LayOut() {
     connect(field, &CardField::GotFocus, this, &frmStepper::txtSpell_GotFocus);
     connect(field, &CardField::LostFocus, this, &frmStepper::txtSpell_LostFocus);
   }
+  const TopicFonts& fonts = m_topic.Fonts;
+  m_zoom =
+      new ZoomKeys(bar, m_platform.state, u"study", ReadableZoom(fonts.FrontSize, fonts.BackSize));
   AddHelp(bar, HelpContext::Stepper);
-  SetTabOrder({txtSpell, m_chooser->FirstOption(), cmdNext, cmdRedo, cmdQuit, ssoFront, ssoBack,
-               ssrSound[0], ssrSound[1]});
+  const auto& choices = m_chooser->Options();
+  SetTabOrder({txtSpell, choices[0], choices[1], choices[2], choices[3], cmdNext, cmdRedo, cmdQuit,
+               ssoFront, ssoBack, ssrSound[0], ssrSound[1]});
 }
 
 void frmStepper::LayOutCard() {
   sspTop->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
   sspTop->setBackgroundRole(QPalette::Base);
   sspTop->setAutoFillBackground(true);
-  sspTop->setMinimumSize(SmallestCardWidth, SmallestCardHeight);
-  sspTop->installEventFilter(this);
   sspTop->setFocusPolicy(Qt::ClickFocus);
   sspTop->setAccessibleName(QStringLiteral("Card"));
+  sspTop->setAccessibleDescription(
+      QStringLiteral("Page Up, Page Down and the arrow keys scroll a long text"));
   SetAccessibleRole(sspTop, QAccessible::Grouping);
   for (QLabel* const line : {lblTop, lblBottom}) {
     line->setBackgroundRole(QPalette::Base);
@@ -141,11 +135,13 @@ void frmStepper::LayOutCard() {
   answer->setContentsMargins(0, 0, 0, 0);
   answer->setSpacing(4);
   answer->addWidget(middle);
-  answer->addWidget(Scrolling(lblBottom, m_answerHalf), 1);
+  m_answer = new ScrolledText(lblBottom, m_answerHalf);
+  answer->addWidget(m_answer, 1);
   auto* const card = new QVBoxLayout(sspTop);
   card->setContentsMargins(12, 8, 12, 8);
   card->setSpacing(8);
-  card->addWidget(Scrolling(lblTop, sspTop), 2);
+  m_question = new ScrolledText(lblTop, sspTop);
+  card->addWidget(m_question, 2);
   card->addWidget(picTop, 3);
   card->addWidget(m_answerHalf, 2);
 }
@@ -156,8 +152,9 @@ QWidget* frmStepper::MakeSpellerRow() {
   auto* const lblCorrect =
       Add<QLabel>(QStringLiteral("lblCorrect"), QStringLiteral("Correct answer:"));
   txtSpell->setAccessibleName(lblSpell->text());
+  KeepToOneLine(txtSpell);
   lblSpellAnswer->setAccessibleDescription(lblCorrect->text());
-  lblSpellAnswer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  lblSpellAnswer->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   auto* const grid = new QGridLayout(row);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setColumnStretch(1, 1);

@@ -1,10 +1,7 @@
-#include "study/CardZoom.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QRadioButton>
 #include <QTimer>
-
-#include <climits>
 
 namespace {
 
@@ -99,6 +96,15 @@ TEST_F(ChooserWindow, TheNumberKeysChoose) {
   EXPECT_TRUE(Find<QWidget>(window, "cmdNext").hasFocus());
 }
 
+TEST_F(ChooserWindow, TheNumberKeysChooseByTheirPlaceOnAFrenchKeyboard) {
+  frmStepper& window = OpenChooser();
+  Next(window);
+  constexpr quint32 PlaceOf2 = 11;
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Eacute, {}, PlaceOf2, 0, 0, QStringLiteral("\u00E9"));
+  QApplication::sendEvent(window.focusWidget(), &press);
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+}
+
 TEST_F(ChooserWindow, AClickOnTheAnswerChoosesIt) {
   frmStepper& window = OpenChooser();
   Next(window);
@@ -154,20 +160,93 @@ TEST_F(ChooserWindow, RestartCountsFromZero) {
   EXPECT_FALSE(OptionEnabled(window, 0));
 }
 
-TEST_F(ChooserWindow, ChoicesStandInTheFontOfTheAnswerSideAndGrowWithTheCardsWidth) {
+TEST_F(ChooserWindow, ChoicesStandInTheFontOfTheAnswerSide) {
   shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
+  state.KeepZoom(u"study", 100);
   frmStepper& window = OpenChooser();
-  const auto expectPoints = [&](float points) {
-    const float zoom = CardZoom(Find<QWidget>(window, "sspTop").width(), INT_MAX);
-    EXPECT_NEAR(Find<QLabel>(window, "lblChoice(0)").font().pointSizeF(), points * zoom, 0.01);
-    return zoom;
-  };
-  window.resize(window.minimumSize());
-  const float least = expectPoints(20);
+  const auto& choice = Find<QLabel>(window, "lblChoice(0)");
+  EXPECT_EQ(choice.font().pointSizeF(), 20);
+  EXPECT_EQ(choice.font().family(), "DejaVu Serif");
   Click(window, "ssoBack");
-  expectPoints(12);
-  window.resize(window.minimumSize() + QSize(SmallestCardWidth / 4, 0));
-  EXPECT_GT(expectPoints(12), least);
+  EXPECT_EQ(choice.font().pointSizeF(), 12);
+}
+
+TEST_F(ChooserWindow, OnlyTheLeftButtonGoingDownAndUpOnOneAnswerChoosesIt) {
+  frmStepper& window = OpenChooser();
+  Next(window);
+  auto& one = Find<QLabel>(window, "lblChoice(0)");
+  auto& two = Find<QLabel>(window, "lblChoice(1)");
+  const auto expectNone = [&] {
+    EXPECT_EQ(TextOf(window, "lblRight") + TextOf(window, "lblWrong"), "00");
+  };
+  QTest::mouseClick(&two, Qt::RightButton);
+  QTest::mouseClick(&two, Qt::MiddleButton);
+  expectNone();
+  QTest::mouseRelease(&two, Qt::LeftButton);  // it went down elsewhere
+  expectNone();
+  QTest::mousePress(&one, Qt::LeftButton);
+  QTest::mouseRelease(&one, Qt::LeftButton, {}, QPoint(5, one.height() + 5));
+  expectNone();
+  QTest::mousePress(&one, Qt::LeftButton);
+  QTest::mouseRelease(&two, Qt::LeftButton);
+  expectNone();
+  QTest::mousePress(&two, Qt::LeftButton);
+  QTest::mouseRelease(&two, Qt::LeftButton);
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+}
+
+TEST_F(ChooserWindow, EnterChoosesTheAnswerThatHasTheFocus) {
+  frmStepper& window = OpenChooser();
+  Next(window);
+  Find<QWidget>(window, "optChoice(0)").setFocus();
+  QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+  EXPECT_TRUE(Find<QWidget>(window, "optChoice(1)").hasFocus());
+  EXPECT_EQ(TextOf(window, "lblRight"), "0");
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+}
+
+TEST_F(ChooserWindow, ANewPassBeginsWithNothingSelected) {
+  prompts.Expect(Answer::Yes);
+  LoadStack(u"Verbs", 1);
+  frmStepper& window = OpenWithNumbers({Draw(1, 1)}, StudyMode::Chooser);
+  Next(window);
+  Choose(window, 2);
+  EXPECT_TRUE(Find<QRadioButton>(window, "optChoice(2)").isChecked());
+  Next(window);
+  for (int i = 0; i < ChoiceCount; ++i) {
+    EXPECT_FALSE(Find<QRadioButton>(window, Option(i).toLatin1()).isChecked());
+  }
+}
+
+TEST_F(ChooserWindow, AnAnswerWiderThanTheWindowIsNotWrappedAndScrollsWithTheKeyboard) {
+  LoadStack(u"Long", Cards).SetSideText(1, Back, Text(400, u'x'));
+  frmStepper& window = OpenWithNumbers(
+      {Draw(2, Cards), 0.3, Draw(1, Cards), Draw(3, Cards), Draw(4, Cards)}, StudyMode::Chooser);
+  Next(window);
+  QCoreApplication::sendPostedEvents();  // the panel learns of the new widths by an event
+  const auto& choice = Find<QLabel>(window, "lblChoice(0)");
+  EXPECT_EQ(choice.text(), QString(400, u'x'));
+  EXPECT_FALSE(choice.wordWrap());
+  EXPECT_GT(choice.width(), window.width());
+  const int left = choice.mapTo(&window, QPoint()).x();
+  for (int i = 0; i < 1000 && choice.visibleRegion().boundingRect().right() < choice.width() - 1;
+       ++i) {
+    QTest::keyClick(window.focusWidget(), Qt::Key_Right);
+  }
+  EXPECT_LT(choice.mapTo(&window, QPoint()).x(), left);
+  EXPECT_GE(choice.visibleRegion().boundingRect().right(), choice.width() - 1);
+  EXPECT_EQ(TextOf(window, "lblRight") + TextOf(window, "lblWrong"), "00");
+}
+
+TEST_F(ChooserWindow, AChoiceIsDescribedInPlainWords) {
+  LoadStack(u"Tags", Cards).SetSideText(2, Back, u"<b>x</b> & y");
+  frmStepper& window = OpenWithNumbers(
+      {Draw(2, Cards), 0.3, Draw(1, Cards), Draw(3, Cards), Draw(4, Cards)}, StudyMode::Chooser);
+  Next(window);
+  EXPECT_EQ(Find<QWidget>(window, "optChoice(1)").accessibleName(), "<b>x</b> & y");
+  EXPECT_EQ(Find<QWidget>(window, "lblChoice(1)").toolTip(), "");
+  EXPECT_EQ(Find<QWidget>(window, "optChoice(1)").toolTip(), "Choose this answer (key 2)");
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "tests/window/study/StudyFixture.h"
 
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -94,13 +95,103 @@ TEST_F(SpellerWindow, AWholeCardGoesWithoutTheMouse) {
   EXPECT_TRUE(Field(window).hasFocus());
 }
 
-TEST_F(SpellerWindow, EnterInTheFieldIsDiscarded) {
+TEST_F(SpellerWindow, EnterInTheFieldCarriesOutNextAndTypesNothing) {
+  frmStepper& window = OpenSpeller(2, {1, 2});
+  Next(window);
+  Type(window, "back 1");
+  QTest::keyClick(&Field(window), Qt::Key_Return);
+  EXPECT_EQ(Field(window).text(), "back 1");
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(Field(window).hasFocus());
+  Type(window, "back 2");
+  QTest::keyClick(&Field(window), Qt::Key_Enter, Qt::KeypadModifier);
+  EXPECT_EQ(TextOf(window, "lblRight"), "2");
+}
+
+TEST_F(SpellerWindow, EnterHeldDownChecksOneAnswer) {
+  frmStepper& window = OpenSpeller(2, {1, 2});
+  Next(window);
+  for (const bool again : {false, true, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), again);
+    QApplication::sendEvent(window.focusWidget(), &press);
+  }
+  EXPECT_EQ(TextOf(window, "lblWrong"), "1");
+  EXPECT_EQ(TextOf(window, "lblTop"), "front 1");
+}
+
+TEST_F(SpellerWindow, AnAssignmentToEnterComesBeforeNext) {
+  shared.Topic.Keys.KeyCount = 1;
+  shared.Topic.Keys.Slots[1] = {BothSidesMark, CharCode{'2'}, CharCode{13}, CharCode{0xE9}};
   frmStepper& window = OpenSpeller(1, {1});
   Next(window);
-  Type(window, "x");
-  QTest::keyClick(&Field(window), Qt::Key_Return);
-  EXPECT_EQ(Field(window).text(), "x");
-  EXPECT_EQ(TextOf(window, "lblSpellAnswer"), "");
+  QTest::keyClick(&Field(window), Qt::Key_Return, Qt::ControlModifier);
+  EXPECT_EQ(Field(window).text(), QStringLiteral("\u00E9"));
+  EXPECT_EQ(TextOf(window, "lblWrong"), "0");
+}
+
+TEST_F(SpellerWindow, EscapeDoesNothing) {
+  frmStepper& window = OpenSpeller(1, {1});
+  Next(window);
+  Type(window, "ba");
+  QTest::keyClick(&Field(window), Qt::Key_Escape);
+  EXPECT_TRUE(window.isVisible());
+  EXPECT_EQ(Field(window).text(), "ba");
+  EXPECT_TRUE(Field(window).hasFocus());
+}
+
+TEST_F(SpellerWindow, UndoDoesNotBringTheLastAnswerBack) {
+  frmStepper& window = OpenSpeller(2, {1, 2});
+  Next(window);
+  Type(window, "back 1");
+  Next(window, 2);
+  QTest::keyClick(&Field(window), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(Field(window).text(), "");
+}
+
+TEST_F(SpellerWindow, APastedAnswerEndsAtItsLineBreak) {
+  LoadStack(u"House", 1).SetSideText(1, Back, u"casa");
+  frmStepper& window = OpenOnCurrent({1}, StudyMode::Speller);
+  Next(window);
+  QApplication::clipboard()->setText(QStringLiteral("casa\r\n"));
+  QTest::keyClick(&Field(window), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Field(window).text(), "casa");
+  Next(window);
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+}
+
+TEST_F(SpellerWindow, TheBlanksThatAStackFilePadsWithAreNoPartOfTheAnswer) {
+  LoadStack(u"House", 1).SetSideText(1, Back, u"casa  ");
+  frmStepper& window = OpenOnCurrent({1}, StudyMode::Speller);
+  Next(window);
+  Type(window, "casa");
+  Next(window);
+  EXPECT_EQ(TextOf(window, "lblRight"), "1");
+  EXPECT_EQ(TextOf(window, "lblSpellAnswer"), "casa");
+  EXPECT_EQ(TextOf(window, "lblBottom"), "casa");
+}
+
+TEST_F(SpellerWindow, NothingMovesAtTheCheck) {
+  for (const Text& answer : {Text(u"casa"), Text(u"one\r\ntwo"), Text(300, u'x')}) {
+    LoadStack(u"House", 1).SetSideText(1, Back, answer);
+    frmStepper& window = OpenOnCurrent({1}, StudyMode::Speller);
+    Next(window);
+    const auto places = [&] {
+      QCoreApplication::processEvents();
+      std::vector<QRect> all;
+      for (const char* const name :
+           {"sspTop", "txtSpell", "lblCorrect", "lblSpellAnswer", "cmdNext", "cmdQuit"}) {
+        auto& control = Find<QWidget>(window, name);
+        all.emplace_back(control.mapTo(&window, QPoint()), control.size());
+      }
+      return all;
+    };
+    const std::vector<QRect> before = places();
+    Next(window);
+    EXPECT_EQ(TextOf(window, "lblSpellAnswer"), ToShownText(answer));
+    EXPECT_TRUE(places() == before) << ToQString(answer).toStdString();
+    window.Unload();
+  }
 }
 
 TEST_F(SpellerWindow, ARedoneCardIsCountedAgain) {

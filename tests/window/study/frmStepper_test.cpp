@@ -1,6 +1,5 @@
 #include "study/frmStepper.h"
 
-#include "study/CardZoom.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QPointer>
@@ -79,46 +78,6 @@ TEST_F(frmStepperTest, BackBeforeTheFirstCardAsksEveryCardFromTheBack) {
   EXPECT_EQ(TextOf(window, "lblBottom"), "front 1");
 }
 
-float PointsOf(frmStepper& window, const char* name) {
-  return static_cast<float>(window.findChild<QLabel*>(QLatin1String(name))->font().pointSizeF());
-}
-
-TEST_F(frmStepperTest, FontsFollowTheSide) {
-  shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
-  frmStepper& window = Open(1, {1});
-  window.resize(window.minimumSize());
-  EXPECT_EQ(PointsOf(window, "lblTop"), 12);
-  EXPECT_EQ(PointsOf(window, "lblBottom"), 20);
-  EXPECT_EQ(Find<QLabel>(window, "lblBottom").font().family(), "DejaVu Serif");
-  Click(window, "ssoBack");
-  EXPECT_EQ(PointsOf(window, "lblTop"), 20);
-  EXPECT_EQ(PointsOf(window, "lblBottom"), 12);
-}
-
-TEST_F(frmStepperTest, TheFontsGrowAndShrinkWithTheCard) {
-  shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
-  frmStepper& window = Open(1, {1});
-  window.resize(window.minimumSize() + QSize(SmallestCardWidth, SmallestCardHeight));
-  EXPECT_EQ(PointsOf(window, "lblTop"), 12 * 2);
-  EXPECT_EQ(PointsOf(window, "lblBottom"), 20 * 2);
-  window.resize(window.minimumSize());
-  EXPECT_EQ(PointsOf(window, "lblTop"), 12);
-}
-
-TEST_F(frmStepperTest, AnEnlargedCardTurnedOverKeepsItsEnlargement) {
-  shared.Topic.Fonts = {u"DejaVu Sans", 12, u"DejaVu Serif", 20};
-  frmStepper& window = Open(1, {1});
-  window.resize(window.minimumSize() + QSize(SmallestCardWidth, SmallestCardHeight));
-  Click(window, "ssoBack");
-  EXPECT_EQ(PointsOf(window, "lblTop"), 20 * 2);
-  EXPECT_EQ(PointsOf(window, "lblBottom"), 12 * 2);
-}
-
-TEST_F(frmStepperTest, TheSmallestFontOpensLargeEnoughToRead) {
-  frmStepper& window = Open(1, {1});
-  EXPECT_GE(Find<QLabel>(window, "lblTop").fontInfo().pixelSize(), 18);
-}
-
 TEST_F(frmStepperTest, TheLowerHalfOfTheCardWaitsForTheAnswer) {
   frmStepper& window = Open(4, {1});
   Next(window);
@@ -181,6 +140,41 @@ TEST_F(frmStepperTest, AMnemonicActsBeforeTheKeyTypedNext) {
   EXPECT_EQ(TextOf(window, "lblBottom"), "");
 }
 
+TEST_F(frmStepperTest, EnterPressesTheButtonThatHasTheFocus) {
+  frmStepper& window = Open(2, {1, 1});
+  Next(window, 2);
+  Find<QWidget>(window, "ssoBack").setFocus();
+  QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(TextOf(window, "lblTop"), "back 1");
+  Find<QWidget>(window, "cmdRedo").setFocus();
+  QTest::keyClick(window.focusWidget(), Qt::Key_Enter, Qt::KeypadModifier);
+  Next(window);
+  EXPECT_EQ(TextOf(window, "lblCardCount"), "1/2");
+}
+
+TEST_F(frmStepperTest, EnterHeldDownPressesOnce) {
+  frmStepper& window = Open(2, {1, 2});
+  for (const bool again : {false, true, true}) {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), again);
+    QApplication::sendEvent(window.focusWidget(), &press);
+  }
+  EXPECT_EQ(TextOf(window, "lblTop"), "front 1");
+  EXPECT_EQ(TextOf(window, "lblBottom"), "");
+}
+
+TEST_F(frmStepperTest, ArrowKeysDoNotWalkTheFocusFromButtonToButton) {
+  frmStepper& window = Open(1, {1, 1});
+  Next(window, 2);
+  for (const char* const name : {"cmdNext", "cmdRedo", "cmdQuit"}) {
+    auto& button = Find<QWidget>(window, name);
+    button.setFocus();
+    for (const auto key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up}) {
+      QTest::keyClick(window.focusWidget(), key);
+      EXPECT_TRUE(button.hasFocus()) << name;
+    }
+  }
+}
+
 TEST_F(frmStepperTest, NoAtTheEndClosesTheWindow) {
   prompts.Expect(Answer::No);
   const QPointer<frmStepper> window(&Open(1, {1}));
@@ -204,6 +198,27 @@ TEST_F(frmStepperTest, TheProgramMayEndWhileTheEndQuestionIsOpen) {
   });
   Find<QAbstractButton>(*window, "cmdNext").click();
   EXPECT_EQ(window, nullptr);
+}
+
+TEST_F(frmStepperTest, AWindowClosedWhileTheEndQuestionIsOpenDoesNotGoOn) {
+  prompts.Expect(Answer::Yes);
+  frmStepper& window = Open(1, {1, 1});
+  Next(window, 2);
+  prompts.WhileShown([&] { window.Unload(); });
+  Find<QAbstractButton>(window, "cmdNext").click();
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(TextOf(window, "lblCardCount"), "1/1");
+}
+
+TEST_F(frmStepperTest, AClosedWindowDrawsNoCardAndLeavesItsPlaceToTheNext) {
+  frmStepper& closed = Open(2, {1, 2});
+  closed.Unload();
+  const frmStepper& window = studyWindows.Open();  // in its place; the closed one is still there
+  Find<QAbstractButton>(closed, "cmdNext").click();
+  EXPECT_EQ(TextOf(closed, "lblCardCount"), "0/2");
+  closed.Unload();
+  studyWindows.CloseAll();  // the other window's place is still its own
+  EXPECT_FALSE(window.isVisible());
 }
 
 TEST_F(frmStepperTest, TheTimerBlanksTheQuestionAndTheAnswerBringsItBack) {
@@ -256,6 +271,16 @@ TEST_F(frmStepperTest, ALineBreakOfTheCardIsShownAsOne) {
   frmStepper& window = OpenOnCurrent({1});
   Next(window);
   EXPECT_EQ(TextOf(window, "lblTop"), "the cat\nel gato");
+}
+
+TEST_F(frmStepperTest, TheBlanksBehindATextThatAStackFilePadsWithAreNotShown) {
+  CardStack& stack = LoadStack(u"Padded", 1);
+  stack.SetSideText(1, Front, u"dog  ");
+  stack.SetSideText(1, Back, Text(40, u'x') + u"  ");
+  frmStepper& window = OpenOnCurrent({1});
+  Next(window, 2);
+  EXPECT_EQ(TextOf(window, "lblTop"), "dog");
+  EXPECT_EQ(TextOf(window, "lblBottom"), QString(40, u'x'));
 }
 
 TEST_F(frmStepperTest, SeveralWindowsGoTheirOwnWays) {
