@@ -4,6 +4,7 @@
 #include "keys/KeyPickers.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QStyledItemDelegate>
 
@@ -56,4 +57,16 @@ void CharacterList::focusInEvent(QFocusEvent* event) {
   // The toolkit makes the first entry the current one without selecting it, and Down would then
   // pass over it.
   if (selectedItems().isEmpty()) setCurrentRow(-1);
+  setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+// The toolkit composes letters only for entries that can be edited.
+void CharacterList::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QListWidget::currentChanged(current, previous);
+  setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+void CharacterList::inputMethodEvent(QInputMethodEvent* event) {
+  keyboardSearch(event->commitString());
+  event->accept();
 }

@@ -57,6 +57,8 @@ frmAddKey::frmAddKey(SharedState& shared, Platform& platform, QWidget* owner)
   connect(lstAddKey, &QListWidget::itemClicked, this, &frmAddKey::lstAddKey_Click);
   connect(lstAddKey, &QListWidget::itemDoubleClicked, this, [this] { cboControlKey->setFocus(); });
   connect(cboControlKey, &QComboBox::activated, this, &frmAddKey::cboControlKey_Click);
+  connect(cboControlKey->lineEdit(), &QLineEdit::textEdited, this,
+          &frmAddKey::cboControlKey_Edited);
   connect(sspKeyAss, &KeyRows::RowChosen, this, &frmAddKey::lblCol2_Click);
   connect(sspKeyAss, &KeyRows::Scrolled, this, &frmAddKey::vsbBar_Change);
   connect(cmdAction, &QPushButton::clicked, this, &frmAddKey::cmdAction_Click);
@@ -229,6 +231,19 @@ bool frmAddKey::cboControlKey_KeyPress(const QKeyEvent& event) const {
 
 void frmAddKey::cboControlKey_Click(int index) {
   if (index >= 0) OfferKeystroke();
+}
+
+/// The button names the keystroke that pressing it would assign, also when letters were typed
+/// behind the one that was pressed or chosen.
+void frmAddKey::cboControlKey_Edited(const QString& text) {
+  if (ActionOf(m_caption) != KeyAction::Add || !cmdAction->isEnabled()) return;
+  if (const std::optional<Keystroke> typed = ParseKeystroke(ToText(text))) {
+    const int modifiers = static_cast<int>(typed->modifiers) - u'0';
+    ShowAction(AddCaption(m_ascCode, PressedKeyText(static_cast<int>(typed->key), modifiers)));
+  } else {
+    cmdAction->setEnabled(false);
+    ShowAction(AddCaption(m_ascCode, u""));
+  }
 }
 
 void frmAddKey::OfferKeystroke() {

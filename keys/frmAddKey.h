@@ -39,6 +39,7 @@ class frmAddKey : public Form {
   void lstAddKey_Click();
   void lstAddKey_GotFocus();
   void cboControlKey_Click(int index);
+  void cboControlKey_Edited(const QString& text);
   bool cboControlKey_KeyDown(const QKeyEvent& event);
   bool cboControlKey_KeyPress(const QKeyEvent& event) const;
   void lblCol2_Click(int row);

@@ -388,6 +388,45 @@ TEST_F(frmAddKeyTest, AnInputMethodTypesNothingOnceTheCaptionNamesAKeystroke) {
   });
 }
 
+TEST_F(frmAddKeyTest, TheButtonSaysWhatItWillDoWithALetterTypedBehindAKeystroke) {
+  prompts.Expect(Answer::No);  // to keeping the assignment
+  WithEditor([](frmAddKey& window) {
+    ChooseCharacter(window, u'é');
+    Press(window, Qt::Key_L, Qt::AltModifier);
+    EXPECT_EQ(Caption(window), "ADD - 0233 = Alt+L");
+    QTest::keyClicks(&Keystroke(window), "X");
+    EXPECT_EQ(Keystroke(window).currentText(), "Alt+LX");
+    EXPECT_EQ(Caption(window), "ADD - 0233 = Alt+X");
+    EXPECT_TRUE(IsEnabled(window, "cmdAction"));
+    Click(window, "cmdAction");
+    EXPECT_EQ(TextOf(window, "lblCol2(0)"), "Alt+X");
+  });
+}
+
+TEST_F(frmAddKeyTest, TheButtonOffersNothingForATextThatIsNoKeystroke) {
+  WithEditor([](frmAddKey& window) {
+    ChooseCharacter(window, u'é');
+    Press(window, Qt::Key_L, Qt::AltModifier);
+    Keystroke(window).lineEdit()->selectAll();
+    QTest::keyClicks(&Keystroke(window), "x");
+    EXPECT_EQ(Caption(window), "ADD - 0233 = ");
+    EXPECT_FALSE(IsEnabled(window, "cmdAction"));
+  });
+}
+
+TEST_F(frmAddKeyTest, AComposedLetterSelectsItsEntryInTheList) {
+  WithEditor([](frmAddKey& window) {
+    List(window).setFocus();
+    for (const auto& [letter, code] : {std::pair(u'é', "0233"), {u'ñ', "0241"}}) {
+      EXPECT_TRUE(List(window).testAttribute(Qt::WA_InputMethodEnabled));
+      QInputMethodEvent composed;
+      composed.setCommitString(QString(QChar(letter)));
+      QApplication::sendEvent(&List(window), &composed);
+      EXPECT_EQ(TextOf(window, "sspAscCode"), code);
+    }
+  });
+}
+
 TEST_F(frmAddKeyTest, TabLeavesTheKeystrokeBoxForTheAction) {
   WithEditor([](frmAddKey& window) {
     ChooseCharacter(window, u'é');
