@@ -190,7 +190,7 @@ void frmPrint::Form_Load() {
                              : switches.NewTopicName;
   setWindowTitle(ToQString(m_printing ? PrintCaption(stack) : DisplayFontCaption(topicName)));
   sspAction->setText(m_printing ? ToQString(PrintAction(stack)) : ToQString(DisplayFontAction));
-  if (m_printing) sspAction->setToolTip(ToQString(TrimRight(PrintAction(stack))));
+  if (m_printing) sspAction->setToolTip(PlainToolTip(TrimRight(PrintAction(stack))));
   FillFontLists();
   const TopicFonts& fonts = m_shared.Topic.Fonts;
   cboFrontFont->setCurrentIndex(cboFrontFont->findText(ToQString(fonts.FrontFont)));

@@ -1,6 +1,7 @@
 #include "shell/DesktopPrompts.h"
 
 #include "base/QtText.h"
+#include "shell/FitScreen.h"
 #include "shell/Pointer.h"
 
 #include <QApplication>
@@ -67,6 +68,11 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
   if (prompt.proposesRefusal) {
     box.setDefaultButton(prompt.buttons == PromptButtons::YesNo ? QMessageBox::No
                                                                 : QMessageBox::Cancel);
+  }
+  // While the program starts, no window is there for the box to stand on but the splash at most.
+  if (owner == nullptr || owner->windowFlags().testFlag(Qt::FramelessWindowHint)) {
+    box.adjustSize();
+    FitOnScreen(box);
   }
   const bool busy = QApplication::overrideCursor() != nullptr;
   SetPointer(PointerShape::Normal);  // a question under an hourglass cannot be answered

@@ -112,6 +112,7 @@ QSize Needed(const QWidget& window) {
 }
 
 bool LacksRoom(const QWidget& window, const QSize& room) {
+  if (window.layout() == nullptr) return false;
   const QSize needed = Needed(window);
   return needed.width() > room.width() || needed.height() > room.height();
 }
@@ -122,7 +123,7 @@ void FitOnScreen(QWidget& window) {
   const FrameWidths frame = FrameOf(window);
   const ScreenArea area = AreaOf(window);
   const QSize room = ToQSize(RoomFor(frame, area));
-  window.layout()->activate();
+  if (window.layout() != nullptr) window.layout()->activate();
   QSize size = window.size();
   if (LacksRoom(window, room)) {
     MakeScrollable(window);
@@ -131,7 +132,10 @@ void FitOnScreen(QWidget& window) {
   }
   window.resize(size.boundedTo(room));
   const FrameCorner corner = CentredCorner(SizeOf(window.size()), frame, area);
-  window.move(corner.left, corner.top);
+  // The place inside the frame: the toolkit does not know the frame of a window to be shown, and
+  // would have the frame stand beside the place that move() gives.
+  window.setGeometry(
+      QRect(QPoint(corner.left + frame.left, corner.top + frame.top), window.size()));
 }
 
 void KeepOnScreen(QWidget& window) {

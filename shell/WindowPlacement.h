@@ -2,6 +2,7 @@
 
 /// Where a window goes on the screen. All lengths are the window system's logical pixels.
 
+/// A window's size without its frame.
 struct WindowSize {
   int width = 0;
   int height = 0;

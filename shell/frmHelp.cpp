@@ -286,7 +286,7 @@ void frmHelp::SearchFor(const QString& words) {
   for (const HelpBook::FoundPage& page : m_book.Search(words)) {
     auto* const item = new QListWidgetItem(page.title, lstFound);
     item->setData(AddressRole, page.address);
-    item->setToolTip(page.title);
+    item->setToolTip(PlainToolTip(ToText(page.title)));
   }
   lstFound->setCurrentRow(0);
 }

@@ -62,7 +62,9 @@ frmMain::frmMain(SharedState& shared, Platform& platform, const Text& commandLin
   MakeHelpMenu();
   LayOut();
   connect(cboStacks, &QComboBox::activated, this, &frmMain::cboStacks_Click);
+  const QSize withHint = sizeHint();
   Form_Load(commandLine);
+  resize(withHint.expandedTo(sizeHint()));
 }
 
 void frmMain::Command::SetEnabled(bool enabled) const {
@@ -222,6 +224,7 @@ void frmMain::LayOut() {
   grid->addWidget(sspFrontFont, 3, 1);
   grid->addWidget(lblBackFont, 3, 2);
   grid->addWidget(sspBackFont, 3, 3);
+  grid->setRowStretch(3, 1);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
 
@@ -240,7 +243,7 @@ void frmMain::LayOut() {
   auto* const content = new QVBoxLayout;
   content->setContentsMargins(12, 12, 12, 12);
   content->setSpacing(12);
-  content->addLayout(grid);
+  content->addLayout(grid, 1);
   content->addWidget(lblHint);
   auto* const column = qobject_cast<QVBoxLayout*>(layout());
   column->setContentsMargins(0, 0, 0, 0);
@@ -250,8 +253,7 @@ void frmMain::LayOut() {
   line->setFrameShape(QFrame::HLine);
   line->setFrameShadow(QFrame::Sunken);
   column->addWidget(line);
-  column->addLayout(content);
-  column->addStretch();
+  column->addLayout(content, 1);
   cboStacks->setFocus();
 }
 
@@ -332,13 +334,7 @@ void frmMain::ShowStackInfo() {
 }
 
 void frmMain::ShowHint(bool shown) {
-  if (lblHint->isHidden() == !shown) return;
-  // The window grows and shrinks with the hint, unless the user has given it another height.
-  const bool ownHeight = isVisible() && height() == sizeHint().height();
-  lblHint->setVisible(shown);
-  if (!ownHeight) return;
-  layout()->activate();
-  resize(width(), sizeHint().height());
+  lblHint->setVisible(shown);  // the panels of the fonts take and give the room
 }
 
 // The Chooser's item and button follow no rule: they can always be pressed. Meant so.

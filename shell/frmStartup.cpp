@@ -50,6 +50,8 @@ void frmStartup::Run(const Text& commandLine, int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
   SetPointer(PointerShape::Busy);
   m_main = std::make_unique<frmMain>(m_shared, m_platform, commandLine, this);
+  // The splash stays behind it, and nothing of it is to look out.
+  m_main->resize(m_main->size().expandedTo(size()));
   m_main->show();
   // Input that was held back waits for the next event otherwise.
   QAbstractEventDispatcher::instance()->wakeUp();
