@@ -1,6 +1,6 @@
 # The Debian package: `cmake --workflow --preset package`, or `cpack` in a build folder.
 set(QUIB_MAINTAINER
-    "Quib!Cards maintainers <maintainers@users.noreply.c-seed-7d68121b.example>"
+    "Quib!Cards maintainers <quibcards@example.org>"
     CACHE STRING "Who answers for the package, as 'Name <address>'")
 
 set(CPACK_GENERATOR DEB)
