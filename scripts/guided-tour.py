@@ -30,18 +30,48 @@ class Tour:
         print(f"  {path.name:34} {what}")
 
     def rest(self):
-        window = self.desktop._run_quietly("xdotool", "getactivewindow").strip()
+        """Waits until the active window is painted and stays as it is."""
+        window = self.desktop.active_window()
+        self.desktop.wait_until(lambda: self.is_painted(window), "the window's content")
         self.desktop.settled_look_at(window)
+
+    def is_painted(self, window):
+        """A window that has just come up is of one colour, or black."""
+        pixels = self.desktop.look_at(window)
+        return len({pixels[i : i + 3] for i in range(0, len(pixels), 3)}) > 16
+
+    def card(self):
+        """The pixels of the card: of the active window, what is between its controls."""
+        x, y, width, height = self.desktop.geometry(self.desktop.active_window())
+        return self.desktop.look().crop(x + width // 10, y + height // 4, width * 4 // 5,
+                                        height // 2)
+
+    def turn(self, key, what):
+        """Presses a key that changes the card. A sound holds keys back, so this can take a while."""
+        before = self.card()
+        self.desktop.key(key)
+        self.desktop.wait_until(lambda: self.card() != before, what)
+        self.rest()
+        self.look(what)
+
+    def covers(self, window, other):
+        x, y, width, height = self.desktop.geometry(window)
+        left, top, other_width, other_height = self.desktop.geometry(other)
+        return (x <= left and y <= top and x + width >= left + other_width
+                and y + height >= top + other_height)
 
     def take(self, stack):
         desktop = self.desktop
         desktop.start(stack)
-        desktop.wait_until(lambda: desktop.windows(TITLE), "the splash")
+        splash = desktop.wait_until(lambda: desktop.windows(TITLE), "the splash")[0]
+        desktop.wait_until(lambda: self.is_painted(splash), "the content of the splash")
         self.look("Splash")
         desktop.wait_until(lambda: len(desktop.windows(TITLE)) > 1
                            or desktop.active_title().endswith(" Error"), "the main window")
         desktop.activate(TITLE)
         self.rest()
+        if not self.covers(desktop.active_window(), splash):
+            raise DesktopError("the splash looks out behind the main window")
         self.look("Main window with the stack loaded")
         desktop.key("alt+s")
         self.rest()
@@ -53,13 +83,10 @@ class Tour:
         desktop.key("Return")
         desktop.wait_until(lambda: desktop.active_title().startswith("Stepper - "),
                            "the study window")
-        for step in ["First question", "Its answer"]:
-            desktop.key("space")
-            self.rest()
-            self.look(step)
-        desktop.key("alt+b")
         self.rest()
-        self.look("The card turned over")
+        self.turn("space", "First question")
+        self.turn("space", "Its answer")
+        self.turn("alt+b", "The card turned over")
         desktop.key("alt+q")
         desktop.activate(TITLE)
         desktop.key("ctrl+o")
