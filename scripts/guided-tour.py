@@ -7,6 +7,7 @@ guided-tour.py PROGRAM STACK [FOLDER FOR THE PICTURES]
 import os
 import pathlib
 import shutil
+import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
@@ -19,6 +20,10 @@ from tests.support.desktop import Desktop, DesktopError  # noqa: E402
 TITLE = "Quib!Cards 5.50"
 
 
+def has_colours(pixels):
+    return len({pixels[i : i + 3] for i in range(0, len(pixels), 3)}) > 16
+
+
 class Tour:
     def __init__(self, desktop):
         self.desktop = desktop
@@ -29,6 +34,20 @@ class Tour:
         path = self.desktop.picture(f"{self.stops:02}-{what.lower().replace(' ', '-')}")
         print(f"  {path.name:34} {what}")
 
+    def keep(self, shot, what):
+        """Keeps a look that was taken before, for what does not stay long."""
+        self.stops += 1
+        path = self.desktop.pictures / f"{self.stops:02}-{what.lower().replace(' ', '-')}.png"
+        header = f"P6 {shot.width} {shot.height} 255\n".encode()
+        subprocess.run(["convert", "ppm:-", str(path)], input=header + shot.pixels, check=True)
+        print(f"  {path.name:34} {what}")
+
+    def first_look(self):
+        """The screen once something is painted in its middle, where the splash comes up."""
+        shot = self.desktop.look()
+        middle = shot.crop(shot.width // 2 - 100, shot.height // 2 - 100, 200, 200)
+        return shot if has_colours(middle) else None
+
     def rest(self):
         """Waits until the active window is painted and stays as it is."""
         window = self.desktop.active_window()
@@ -37,8 +56,7 @@ class Tour:
 
     def is_painted(self, window):
         """A window that has just come up is of one colour, or black."""
-        pixels = self.desktop.look_at(window)
-        return len({pixels[i : i + 3] for i in range(0, len(pixels), 3)}) > 16
+        return has_colours(self.desktop.look_at(window))
 
     def card(self):
         """The pixels of the card: of the active window, what is between its controls."""
@@ -54,18 +72,30 @@ class Tour:
         self.rest()
         self.look(what)
 
+    def frame(self, window):
+        """Left, top, right and bottom of a window with the frame that the desktop gives it."""
+        lines = self.desktop._run_quietly("xwininfo", "-id", window).splitlines()
+        values = {name.strip(): value.strip() for name, _, value in
+                  (line.partition(":") for line in lines)}
+        left, top = (int(values[f"Absolute upper-left {side}"]) for side in "XY")
+        right, bottom = left + int(values["Width"]), top + int(values["Height"])
+        _, found, extents = self.desktop._run_quietly(
+            "xprop", "-id", window, "_NET_FRAME_EXTENTS").partition(" = ")
+        borders = [int(width) for width in extents.split(",")] if found else [0, 0, 0, 0]
+        return left - borders[0], top - borders[2], right + borders[1], bottom + borders[3]
+
     def covers(self, window, other):
-        x, y, width, height = self.desktop.geometry(window)
-        left, top, other_width, other_height = self.desktop.geometry(other)
-        return (x <= left and y <= top and x + width >= left + other_width
-                and y + height >= top + other_height)
+        left, top, right, bottom = self.frame(window)
+        inner_left, inner_top, inner_right, inner_bottom = self.frame(other)
+        return (left <= inner_left and top <= inner_top
+                and right >= inner_right and bottom >= inner_bottom)
 
     def take(self, stack):
         desktop = self.desktop
         desktop.start(stack)
-        splash = desktop.wait_until(lambda: desktop.windows(TITLE), "the splash")[0]
-        desktop.wait_until(lambda: self.is_painted(splash), "the content of the splash")
-        self.look("Splash")
+        shot = desktop.wait_until(self.first_look, "the splash")
+        self.keep(shot, "Splash")
+        splash = min(desktop.windows(TITLE), key=lambda window: desktop.geometry(window)[2])
         desktop.wait_until(lambda: len(desktop.windows(TITLE)) > 1
                            or desktop.active_title().endswith(" Error"), "the main window")
         desktop.activate(TITLE)
