@@ -5,8 +5,11 @@
 #include "shell/Pointer.h"
 
 #include <QApplication>
+#include <QFontDatabase>
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QSpacerItem>
 
 namespace {
 
@@ -50,6 +53,21 @@ QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
   return QMessageBox::Ok;
 }
 
+/// Widens a small box until its title can be read whole: beside it stand the window's icon and its
+/// buttons, and it may be bold.
+void MakeRoomForTitle(QMessageBox& box) {
+  constexpr int ButtonsAndIcon = 6;  // each about twice as wide as the title is high
+  auto* const layout = qobject_cast<QGridLayout*>(box.layout());
+  if (layout == nullptr) return;
+  QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+  font.setBold(true);
+  const QFontMetrics metrics(font);
+  const int width =
+      metrics.horizontalAdvance(box.windowTitle()) + ButtonsAndIcon * metrics.height();
+  layout->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                  layout->rowCount(), 0, 1, layout->columnCount());
+}
+
 }  // namespace
 
 Answer DesktopPrompts::Show(const Prompt& prompt) {
@@ -63,6 +81,7 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
   if (auto* const picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
     picture->setAccessibleName(NameOf(prompt.icon));
   }
+  MakeRoomForTitle(box);
   box.setWindowModality(Qt::ApplicationModal);
   if (prompt.buttons == PromptButtons::YesNo) box.setEscapeButton(QMessageBox::No);
   if (prompt.proposesRefusal) {

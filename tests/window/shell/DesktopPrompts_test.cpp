@@ -3,6 +3,7 @@
 #include "shell/Pointer.h"
 #include "tests/window/WindowFixture.h"
 
+#include <QFontDatabase>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -65,6 +66,17 @@ TEST_F(DesktopPromptsTest, AQuestionIsAnsweredWithTheNormalPointer) {
     box.button(QMessageBox::Ok)->click();
   });
   EXPECT_NE(QApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(DesktopPromptsTest, ASmallBoxIsWideEnoughForItsTitle) {
+  for (const Text& title : {Text(ProgramTitle), Text(ProgramTitle) + u" Error"}) {
+    Ask({.text = u"?", .title = title}, [&](QMessageBox& box) {
+      QFont font = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+      font.setBold(true);
+      EXPECT_GE(box.width(), QFontMetrics(font).horizontalAdvance(ToQString(title)) + 80);
+      box.button(QMessageBox::Ok)->click();
+    });
+  }
 }
 
 }  // namespace
