@@ -24,15 +24,16 @@ Text TakeName(Text& line, std::size_t at, TextView folder, char16_t separator) {
   std::size_t start = at;
   while (start > 0 && line[start] != separator) --start;
 
+  Text name(folder);
   if (start == 0 && line.front() != separator) {
-    const Text name = line.substr(0, end);
-    line.erase(0, end);  // the rest is not trimmed here
-    return Text(folder) + name;
+    name.append(line, 0, end);
+    Text(line, end).swap(line);  // gives the room back; the rest is not trimmed here
+    return name;
   }
-  const Text name = line.substr(start + 1, end - start - 1);
+  name.append(line, start + 1, end - start - 1);
   line.erase(start + 1, end - start - 1);
-  line = Text(TrimBlanks(line));
-  return Text(folder) + name;
+  Text(TrimBlanks(line)).swap(line);
+  return name;
 }
 
 bool BeginsWithTag(TextView line) { return line.size() >= 5 && line[0] == u'<' && line[4] == u'>'; }
@@ -59,9 +60,12 @@ FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, 
   return FileStatus::Ok;
 }
 
-Text DecodeSideText(TextView text) {
+Text DecodeSideText(TextView text, std::size_t most) {
+  text = text.substr(0, most);
   if (text.find_first_of(u"^%") == TextView::npos) return Text(text);
-  return ReplaceAll(ReplaceAll(ReplaceAll(text, u"^^", u"%%"), u"^", LineBreak), u"%%", u"^");
+  Text decoded = ReplaceAll(text, u"^^", u"%%");
+  decoded = ReplaceAll(decoded, u"^", LineBreak);
+  return ReplaceAll(decoded, u"%%", u"^");
 }
 
 Text TakeSoundName(Text& line, TextView folder, char16_t separator) {
@@ -77,12 +81,12 @@ Text TakePictureName(Text& line, TextView folder, char16_t separator) {
   return {};
 }
 
-Text StripImportPrefix(TextView line) {
+Text StripImportPrefix(TextView line, std::size_t most) {
   line = After(line, u'=');
   if (line.find(u'%') != TextView::npos) {
     line = After(line, u'%');
   } else {
     while (BeginsWithTag(line)) line = After(line, u'>');
   }
-  return DecodeSideText(line);
+  return DecodeSideText(line, most);
 }

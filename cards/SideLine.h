@@ -18,7 +18,9 @@ FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, 
 
 /// "^^" stands for a caret, any other "^" for a line break. "%%" also becomes a caret: it is what
 /// "^^" turns into on the way.
-Text DecodeSideText(TextView text);
+/// @param most  decodes no more than so many characters from the start; two of them make at least
+///              one, so that the first n of the result are the same from 2n + 2 on
+Text DecodeSideText(TextView text, std::size_t most = Text::npos);
 
 /// Takes the first name ending in ".wav" (letter case ignored) out of `line`. The name begins after
 /// the last `separator` before it, or with the line.
@@ -30,5 +32,5 @@ Text TakePictureName(Text& line, TextView folder, char16_t separator);
 
 /// What an import line holds after its mark: drops all up to the first "="; then, where there is a
 /// "%", all up to the first one, else every three-letter tag "<abc>" at the start; and decodes the
-/// rest.
-Text StripImportPrefix(TextView line);
+/// rest, as DecodeSideText does.
+Text StripImportPrefix(TextView line, std::size_t most = Text::npos);

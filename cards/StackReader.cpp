@@ -53,6 +53,10 @@ struct SideTarget {
   TextView folder;
   const SideListener& listener;
 
+  /// How much of a side is decoded: without a listener, no more than a load keeps. A file may be
+  /// one line of a hundred megabytes.
+  std::size_t MostDecoded() const { return listener ? Text::npos : 2 * MaxLoadedText + 2; }
+
   void Take(int card, int side, const FileLines& lines, TextView line, const Text& sound,
             const Text& picture, const Text& text) const {
     stack.SetSideSound(card, side, sound);
@@ -64,15 +68,16 @@ struct SideTarget {
 
 FileStatus ReadNativeCards(const SideTarget& target, FileLines& lines) {
   Text line;
-  Text rest;
+  Text whole;  // for the listener alone
   int card = 1;
   do {
     for (const int side : {Front, Back}) {
       if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
-      rest = line;
-      const Text sound = TakeSoundName(rest, target.folder, u' ');
-      const Text picture = TakePictureName(rest, target.folder, u' ');
-      target.Take(card, side, lines, line, sound, picture, DecodeSideText(rest));
+      if (target.listener) whole = line;
+      const Text sound = TakeSoundName(line, target.folder, u' ');
+      const Text picture = TakePictureName(line, target.folder, u' ');
+      target.Take(card, side, lines, whole, sound, picture,
+                  DecodeSideText(line, target.MostDecoded()));
     }
     ++card;
   } while (!lines.AtEnd() && card <= MaxCards);
@@ -111,7 +116,7 @@ bool TakeImportLine(const SideTarget& target, int side, char16_t mark, int& numb
   if (!ContainsIgnoringCase(line, mark + NumberText(number) + u"=")) return false;
   Text rest = line;
   const Text sound = TakeSoundName(rest, target.folder, u'>');
-  target.Take(number, side, lines, line, sound, {}, StripImportPrefix(rest));
+  target.Take(number, side, lines, line, sound, {}, StripImportPrefix(rest, target.MostDecoded()));
   ++number;
   return true;
 }
