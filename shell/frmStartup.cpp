@@ -7,8 +7,10 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <chrono>
 #include <thread>
@@ -43,10 +45,23 @@ frmStartup::frmStartup(SharedState& shared, Platform& platform)
 
 frmStartup::~frmStartup() = default;
 
+/// Paints the splash before the wait, in which nothing is painted. A window system takes a while to
+/// put the window up, and what is painted before is lost; one that never says so is not waited for.
+void frmStartup::PaintOnce() {
+  const QDeadlineTimer patience(1000);
+  const auto look = [] { QApplication::processEvents(QEventLoop::ExcludeUserInputEvents); };
+  look();
+  while (!windowHandle()->isExposed() && !patience.hasExpired()) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    look();
+  }
+  repaint();
+  look();
+}
+
 void frmStartup::Run(const Text& commandLine, int milliseconds) {
   show();
-  repaint();
-  QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // once, so that it is painted
+  PaintOnce();
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
   SetPointer(PointerShape::Busy);
   m_main = std::make_unique<frmMain>(m_shared, m_platform, commandLine, this);

@@ -25,6 +25,8 @@ class frmStartup : public Form {
   static constexpr int WaitTime = 2000;  ///< milliseconds
 
  private:
+  void PaintOnce();
+
   QLabel* lblTitle;
   QLabel* lblVersion;
   std::unique_ptr<frmMain> m_main;
