@@ -26,7 +26,10 @@ void StackFile::WriteHeader(TextView topicName, TextView description) {
 FileStatus StackFile::WriteSide(Text& text, TextView soundPath, TextView picturePath) try {
   Text line;
   const FileStatus status = EncodeSideLine(text, OneLine(soundPath), OneLine(picturePath), line);
-  if (status == FileStatus::Ok) WriteLine(line);
+  if (status != FileStatus::Ok) return status;
+  if (!m_frontAlone) m_wholeCards = m_content.size();
+  m_frontAlone = !m_frontAlone;
+  WriteLine(line);
   return status;
 } catch (const std::bad_alloc&) {
   return FileStatus::OutOfMemory;
@@ -45,6 +48,7 @@ FileStatus StackFile::Close(StackOrigin& origin) try {
 }
 
 void StackFile::Abandon() {
+  if (m_frontAlone) m_content.resize(m_wholeCards);
   StackOrigin part;  // no stack's: the file holds less than the stack
   if (!m_replacement->ReplacesExisting()) (void)Close(part);
 }

@@ -22,15 +22,16 @@ class StackFile {
   void WriteHeader(TextView topicName, TextView description);
   void WriteLine(TextView line) { m_content.append(line).append(LineBreak); }
 
-  /// Encodes one side and writes its line; `text` changes as EncodeSideLine says. `OutOfMemory`
-  /// where there is none left for it, here and in Close.
+  /// Encodes one side, front and back in turn, and writes its line; `text` changes as
+  /// EncodeSideLine says. `OutOfMemory` where there is none left for it, here and in Close.
   FileStatus WriteSide(Text& text, TextView soundPath, TextView picturePath);
 
   /// @param origin  becomes this file and what it now holds; after a failure it stays
   FileStatus Close(StackOrigin& origin);
 
-  /// Gives up after a failure. A file that was there keeps its content; under a new name the lines
-  /// written so far stay, for they may be the only copy.
+  /// Gives up after a failure. A file that was there keeps its content; under a new name the cards
+  /// written so far stay, for they may be the only copy. A front without its back goes: it would
+  /// keep the file from being loaded.
   void Abandon();
 
  private:
@@ -38,4 +39,6 @@ class StackFile {
   Text m_path;
   SaveRecord* m_record;
   Text m_content;
+  bool m_frontAlone = false;     // the last line is a front whose back is still missing
+  std::size_t m_wholeCards = 0;  // where that line begins
 };

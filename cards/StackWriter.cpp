@@ -30,13 +30,14 @@ FileStatus WriteNewStack(CardStack& stack, StackFile& file) {
     status = WriteCards(stack, file);
   } catch (const std::bad_alloc&) {
   }
-  if (status != FileStatus::Ok && status != FileStatus::OutOfMemory) {
+  if (status == FileStatus::Ok) {
+    status = file.Close(stack.Origin);
+  } else if (status != FileStatus::OutOfMemory) {
     file.Abandon();
-    return status;
   }
-  if (status == FileStatus::Ok) status = file.Close(stack.Origin);
   // Nothing was saved, so nothing shows its encoded form: a second try would encode that again, and
-  // a line break, by then a caret, would keep the stack from ever being saved.
+  // a line break, by then a caret, would keep the stack from ever being saved. A text with a caret
+  // must be one that the user can correct.
   if (status != FileStatus::Ok) stack = std::move(before);
   return status;
 }

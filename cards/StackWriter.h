@@ -14,6 +14,7 @@ enum class FileDialogMode : std::int16_t { Load = 1, Delete = 2, SaveNew = 3, Sa
 /// mode the two header lines only, and the file stays open as `StackFileNumber` for the card
 /// editor.
 /// @return `Ok`; `Declined` when the user does not want to overwrite; else the status of the step
-///         that failed, and then StackFileNumber is not open and an existing file is as it was.
+///         that failed, and then StackFileNumber is not open, and an existing file and the texts in
+///         memory are as they were.
 FileStatus WriteStackFile(StackStore& stacks, Files& files, Prompts& prompts, TextView folder,
                           TextView fileName, FileDialogMode mode, TextView topicName);

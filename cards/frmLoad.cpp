@@ -7,6 +7,7 @@
 #include "base/QtText.h"
 #include "cards/NameList.h"
 #include "cards/StackFileOperations.h"
+#include "cards/UnsavableText.h"
 #include "settings/frmConfig.h"
 #include "shell/Pointer.h"
 #include "shell/ProgramFolders.h"
@@ -264,7 +265,9 @@ void frmLoad::cmdOK_Click() {
     case FileStatus::Declined:
       break;  // the dialog stays and says nothing
     default:
-      m_platform.prompts.Show(FileErrorPrompt(status, m_shared.Stacks.Saves.rescueFolder));
+      m_platform.prompts.Show(m_mode == FileDialogMode::SaveNew
+                                  ? SaveErrorPrompt(status, m_shared.Stacks)
+                                  : FileErrorPrompt(status, m_shared.Stacks.Saves.rescueFolder));
   }
 }
 

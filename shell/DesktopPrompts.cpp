@@ -41,6 +41,19 @@ QString NameOf(PromptIcon icon) {
   return {};
 }
 
+struct Words {
+  TextView message;
+  TextView explanation;
+};
+
+/// What follows an empty line explains the message.
+Words WordsOf(TextView text) {
+  constexpr TextView EmptyLine = u"\r\n\r\n";
+  const std::size_t at = text.find(EmptyLine);
+  if (at == TextView::npos) return {text, {}};
+  return {text.substr(0, at), text.substr(at + EmptyLine.size())};
+}
+
 QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
   switch (buttons) {
     case PromptButtons::Ok:
@@ -74,10 +87,15 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
   QWidget* const owner = QApplication::activeModalWidget() != nullptr
                              ? QApplication::activeModalWidget()
                              : QApplication::activeWindow();
-  QMessageBox box(IconOf(prompt.icon), ToQString(prompt.title), ToShownText(prompt.text),
+  const Words words = WordsOf(prompt.text);
+  QMessageBox box(IconOf(prompt.icon), ToQString(prompt.title), ToShownText(words.message),
                   ButtonsOf(prompt.buttons), owner);
   box.setObjectName("messageBox");
   box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(ToShownText(words.explanation));
+  if (auto* const below = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel"))) {
+    below->setTextFormat(Qt::PlainText);  // the box's own format is not its
+  }
   if (auto* const picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
     picture->setAccessibleName(NameOf(prompt.icon));
   }

@@ -167,12 +167,27 @@ TEST_F(WriteStackFileTest, ACaretUnderANewNameLeavesTheLinesWrittenBeforeIt) {
   EXPECT_EQ(files.Content(u"c/x.QBC"), Header + "dog perro.wav dog.bmp\r\nperro perro.wav \r\n");
 }
 
-TEST_F(WriteStackFileTest, ACaretLeavesItsTextGrownAndTheLaterOnesUnchanged) {
-  stacks.Current().SetSideText(1, Back, u"^");
+TEST_F(WriteStackFileTest, ACaretLeavesTheTextsAsTheyWereForTheNextTry) {
+  stacks.Current().SetSideText(2, Back, u"ga^to");
   EXPECT_EQ(Write(), FileStatus::Overflow);
-  EXPECT_EQ(stacks.Current().SideText(1, Front), u"dog perro.wav");
-  EXPECT_EQ(stacks.Current().SideText(1, Back), Text(32'768, u'^'));
+  EXPECT_EQ(stacks.Current().SideText(1, Front), u"dog");
   EXPECT_EQ(stacks.Current().SideText(2, Front), u"the cat\r\nel gato");
+  EXPECT_EQ(stacks.Current().SideText(2, Back), u"ga^to");
+  stacks.Current().SetSideText(2, Back, u"gato");
+  prompts.Expect(Answer::Ok);  // what was left of the first try is overwritten
+  ASSERT_EQ(Write(), FileStatus::Ok);
+  EXPECT_TRUE(files.Content(u"c/x.QBC").starts_with(Header + "dog perro.wav dog.bmp\r\n"));
+}
+
+TEST_F(WriteStackFileTest, ACaretOnABackLeavesWholeCardsThatLoad) {
+  stacks.Current().SetSideText(2, Back, u"ga^to");
+  EXPECT_EQ(Write(), FileStatus::Overflow);
+  EXPECT_EQ(files.Content(u"c/x.QBC"), Header + "dog perro.wav dog.bmp\r\nperro perro.wav \r\n");
+  StackStore loaded;
+  EXPECT_EQ(ReadStackFile(loaded, files, prompts, u"c/", u"x.QBC", ReadMode::Full,
+                          [](const Text&) { return 0; }),
+            FileStatus::Ok);
+  EXPECT_EQ(loaded.Current().CardCount, 1);
 }
 
 TEST_F(WriteStackFileTest, AFileThatCannotBeOpenedIsReportedAndChangesNothing) {

@@ -32,6 +32,15 @@ TEST_F(DesktopPromptsTest, ShowsTextTitleIconAndButtonsAsTheyAre) {
       });
 }
 
+TEST_F(DesktopPromptsTest, ShowsWhatFollowsAnEmptyLineBelowTheMessage) {
+  Ask({.text = u"Overflow\r\n\r\nCard 1: <b>x</b>\r\ncannot be saved"}, [](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "Overflow");
+    EXPECT_EQ(box.informativeText(), "Card 1: <b>x</b>\ncannot be saved");
+    EXPECT_EQ(Find<QLabel>(box, "qt_msgbox_informativelabel").textFormat(), Qt::PlainText);
+    box.button(QMessageBox::Ok)->click();
+  });
+}
+
 TEST_F(DesktopPromptsTest, GivesTheButtonThatWasPressed) {
   const Prompt question{.text = u"?", .buttons = PromptButtons::YesNo};
   EXPECT_EQ(Ask(question, [](QMessageBox& box) { box.button(QMessageBox::Yes)->click(); }),
