@@ -2,6 +2,50 @@
 
 #include <QMimeData>
 
+#include <algorithm>
+
+namespace {
+
+/// The longest word, in characters, that is moved to the next line in one piece. To break a longer
+/// one the toolkit would look at the whole of it for every line.
+constexpr int LongestWord = 500;
+
+bool HasLongWord(const QString& text) {
+  int length = 0;
+  return std::any_of(text.begin(), text.end(), [&length](QChar unit) {
+    length = unit.isSpace() ? 0 : length + 1;
+    return length > LongestWord;
+  });
+}
+
+}  // namespace
+
+CardTextBox::CardTextBox(QWidget* owner) : QPlainTextEdit(owner) {
+  // It comes before the text is laid out.
+  connect(document(), &QTextDocument::contentsChange, this, &CardTextBox::ChooseWrapping);
+}
+
+void CardTextBox::ChooseWrapping() {
+  const bool anywhere = HasLongWord(document()->toRawText());
+  setWordWrapMode(anywhere ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+QSize CardTextBox::minimumSizeHint() const {
+  constexpr int Lines = 2;
+  const auto margins = static_cast<int>(2 * document()->documentMargin());
+  return {QPlainTextEdit::minimumSizeHint().width(),
+          Lines * fontMetrics().lineSpacing() + margins + 2 * frameWidth()};
+}
+
+void CardTextBox::SelectFirst(QChar character) {
+  const auto at = static_cast<int>(document()->toRawText().indexOf(character));
+  if (at < 0) return;
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(at);
+  cursor.setPosition(at + 1, QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
 QString CardTextBox::SelectedText() const {
   const QTextCursor cursor = textCursor();
   const int start = cursor.selectionStart();

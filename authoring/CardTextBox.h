@@ -2,18 +2,29 @@
 
 #include <QPlainTextEdit>
 
-/// The text box of a card's side. What is copied from it is plain text to the letter, with LF for
+/// The text box of a card's side. It asks for two lines of its font, and stays quick with any text
+/// that is pasted.
+///
+/// What is copied from it is plain text to the letter, with LF for
 /// line breaks; QPlainTextEdit would copy blanks for no-break spaces (code 160), and marked-up text
 /// beside it.
 class CardTextBox : public QPlainTextEdit {
   Q_OBJECT
 
  public:
-  using QPlainTextEdit::QPlainTextEdit;
+  explicit CardTextBox(QWidget* owner);
 
   QString SelectedText() const;
   void ReplaceSelection(const QString& text);
+  /// Selects the first occurrence of a character and shows it.
+  void SelectFirst(QChar character);
+
+  QSize sizeHint() const override { return minimumSizeHint(); }
+  QSize minimumSizeHint() const override;
 
  protected:
   QMimeData* createMimeDataFromSelection() const override;
+
+ private:
+  void ChooseWrapping();
 };

@@ -15,11 +15,19 @@ class RowLabel : public ElidedLabel {
   void SetStruckOut(bool struckOut);
   void SetHighlighted(bool highlighted);
 
+  /// One line high, whatever the text: a long one is never measured.
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override { return sizeHint(); }
+
  signals:
   void Clicked();
   void DoubleClicked();
 
  protected:
+  bool event(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+ private:
+  Text m_tip;
 };

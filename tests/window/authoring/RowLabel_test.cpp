@@ -2,6 +2,9 @@
 
 #include "tests/window/WindowFixture.h"
 
+#include <QHelpEvent>
+#include <QToolTip>
+
 namespace {
 
 class RowLabelTest : public testing::Test {
@@ -13,20 +16,31 @@ TEST_F(RowLabelTest, ShowsATextAsItIs) {
   label.SetCardText(u"<b>R&D</b> & &more");
   EXPECT_EQ(label.textFormat(), Qt::PlainText);
   EXPECT_EQ(label.text(), "<b>R&D</b> & &more");
-  EXPECT_TRUE(label.toolTip().contains("&lt;b&gt;R&amp;D"));
+}
+
+TEST_F(RowLabelTest, ItsTipIsPlainAndNeverLong) {
+  label.resize(200, 20);
+  label.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&label));
+  const auto tip = [this] {
+    QHelpEvent event(QEvent::ToolTip, {5, 5}, label.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&label, &event);
+    return QToolTip::text();
+  };
+  label.SetCardText(u"<b>R&D</b>");
+  EXPECT_EQ(tip(), PlainToolTip(u"<b>R&D</b>"));
+  label.SetCardText(Text(100'000, u'x'));
+  EXPECT_EQ(tip(), PlainToolTip(Text(1000, u'x') + u'\u2026'));
+  EXPECT_EQ(label.toolTip(), "") << "it would be read out";
+  label.SetCardText(u"");
+  (void)tip();
+  EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
 }
 
 TEST_F(RowLabelTest, ShowsEveryLineBreakOnOneLine) {
   label.SetCardText(u"a\r\nb\rc\nd\u2028e\u2029f");
   const QString arrow = QStringLiteral(u" \u21B5 ");
   EXPECT_EQ(label.text(), QStringList({"a", "b", "c", "d", "e", "f"}).join(arrow));
-}
-
-TEST_F(RowLabelTest, AnEmptyTextHasNoToolTip) {
-  label.SetCardText(u"a");
-  label.SetCardText(u"");
-  EXPECT_EQ(label.text(), "");
-  EXPECT_EQ(label.toolTip(), "");
 }
 
 TEST_F(RowLabelTest, ALongTextDoesNotWidenTheWindow) {
