@@ -13,8 +13,9 @@ class AccessibleOption : public QAccessibleWidget {
 
   QString text(QAccessible::Text kind) const override {
     if (kind == QAccessible::Accelerator) return m_button->shortcut().toString();
-    const QString given = QAccessibleWidget::text(kind);
-    if (kind != QAccessible::Name || !given.isEmpty()) return given;
+    if (kind != QAccessible::Name) return QAccessibleWidget::text(kind);
+    // Qt would take the title of the box around it, which is the same for all that stand there.
+    if (!m_button->accessibleName().isEmpty()) return m_button->accessibleName();
     QString caption = m_button->text();
     return caption.remove(u'&');
   }
