@@ -27,7 +27,10 @@ Text CardEditor::PositionText() const {
 }
 
 CardFields CardEditor::ShownFields() const {
-  return m_selRow >= 0 ? FieldsOf(Stack(), m_curCard) : CardFields();
+  CardFields fields;
+  if (m_selRow >= 0) fields = FieldsOf(Stack(), m_curCard);
+  for (SideFields& side : fields.sides) side.text = Text(TrimRight(side.text));
+  return fields;
 }
 
 bool CardEditor::SelectRow(int row, int side) {
@@ -73,7 +76,8 @@ void CardEditor::GoTo(int card) {
 }
 
 bool CardEditor::CommitText(int side, TextView text) {
-  if (m_selRow < 0 || text == Stack().SideText(m_curCard, side)) return false;
+  if (m_selRow < 0) return false;
+  if (TrimRight(text) == TrimRight(Stack().SideText(m_curCard, side))) return false;
   Stack().SetSideText(m_curCard, side, text);
   return true;
 }
@@ -95,6 +99,14 @@ void CardEditor::ToggleDeleted() {
 
 void CardEditor::CardsAppended() {
   if (m_topCard != 1) ScrollTo(1);
+}
+
+std::optional<CardSide> CardEditor::UnsavableText() const {
+  return FirstUnsavableText(Stack(), [this](int card) { return IsMarked(card); });
+}
+
+Prompt CardEditor::SaveErrorPrompt(FileStatus status) const {
+  return ::SaveErrorPrompt(status, m_stacks, [this](int card) { return IsMarked(card); });
 }
 
 FileStatus CardEditor::Save() {

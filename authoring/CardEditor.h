@@ -1,15 +1,15 @@
 #pragma once
 
 #include "authoring/CardFields.h"
+#include "authoring/MediaFuture.h"
 #include "base/Files.h"
 #include "cards/StackFile.h"
 #include "cards/StackStore.h"
+#include "cards/UnsavableText.h"
 
 #include <array>
 
 inline constexpr int RowsPerPage = 5;
-
-enum class MediaKind { Sound, Picture };
 
 /// Tells whether the save dialog opened its target: then "file already open" is the answer.
 /// Otherwise a fixed name is looked for and never made, and any other status means that the dialog
@@ -36,12 +36,16 @@ class CardEditor {
   /// Texts of a row, empty beyond the last card.
   Text RowText(int row, int side) const;
   bool IsRowStruckOut(int row) const;
+  /// The first text that keeps the cards that are left from being saved.
+  std::optional<CardSide> UnsavableText() const;
+  Prompt SaveErrorPrompt(FileStatus status) const;
   bool IsMarked(int card) const { return m_deleted.at(static_cast<std::size_t>(card)); }
 
   /// "3/20"; without a selected row one less than the top card, so "0/20" at first.
   Text PositionText() const;
 
-  /// The six fields of the selected card; empty when none is.
+  /// The six fields of the selected card, its texts without the blanks at their ends that every
+  /// load adds; empty when none is selected.
   CardFields ShownFields() const;
 
   /// Selects a row. False, and nothing changes, when `text`, the clicked label, is empty.
@@ -58,7 +62,8 @@ class CardEditor {
   /// Goes to a card that was found: in the bottom row where possible.
   void GoTo(int card);
 
-  /// Stores a text that was edited, when it differs from what the row shows.
+  /// Stores a text that was edited, when it differs from the card's. Blanks at the end do not
+  /// count: they are not shown, and looking at a card must not change it.
   /// @return true when it was stored
   bool CommitText(int side, TextView text);
 

@@ -10,18 +10,19 @@
 #include <QFocusEvent>
 #include <QMimeData>
 
-MediaField::MediaField(IsFound isFound, Folder folder, QWidget* owner)
+MediaField::MediaField(MediaKind kind, IsFound isFound, Folder folder, QWidget* owner)
     : QLineEdit(owner),
+      m_kind(kind),
       m_isFound(std::move(isFound)),
       m_folder(std::move(folder)),
       m_mark(addAction(QIcon(), QLineEdit::TrailingPosition)) {
   setAcceptDrops(true);
   KeepToOneLine(this);
-  connect(this, &QLineEdit::textChanged, this, &MediaField::ShowWhetherFound);
-  ShowWhetherFound();
+  connect(this, &QLineEdit::textChanged, this, &MediaField::ShowMark);
+  ShowMark();
 }
 
-void MediaField::ShowWhetherFound() {
+void MediaField::ShowMark() {
   const Text name = ToText(text());
   m_mark->setVisible(!name.empty());
   if (name.empty()) {
@@ -29,14 +30,19 @@ void MediaField::ShowWhetherFound() {
     setAccessibleDescription(QString());
     return;
   }
+  const MediaFuture future = FutureOfMedia(m_kind, name, m_folder());
+  const bool stays = future.fate == MediaFuture::Fate::Stays;
   const bool found = m_isFound(name);
-  m_mark->setIcon(TintedIcon(found ? "right" : "wrong"));
-  const QString words =
-      found ? QStringLiteral("The file is there") : QStringLiteral("The file was not found");
-  m_mark->setToolTip(words);
-  m_mark->setObjectName(found ? QStringLiteral("found") : QStringLiteral("missing"));
-  setAccessibleDescription(words);
-  setToolTip(words);
+  // No cross: at the end of a field that would be the button which clears it.
+  m_mark->setIcon(TintedIcon(stays && found ? "right" : "warning"));
+  m_mark->setObjectName(!stays  ? QStringLiteral("lost")
+                        : found ? QStringLiteral("found")
+                                : QStringLiteral("missing"));
+  const Text words = MediaWords(m_kind, future, found);
+  m_mark->setText(ToQString(words));
+  m_mark->setToolTip(PlainToolTip(words));
+  setToolTip(PlainToolTip(words));
+  setAccessibleDescription(ToQString(words));
 }
 
 void MediaField::dragEnterEvent(QDragEnterEvent* event) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/Text.h"
+#include "authoring/MediaFuture.h"
 
 #include <QLineEdit>
 
@@ -9,17 +9,18 @@
 class QAction;
 
 /// A field for the name of a sound or picture file. A mark at its end shows whether the file is
-/// there; a file that is dropped on it enters its name.
+/// there, and warns of a name that a save would not keep; a file that is dropped on it enters its
+/// name.
 class MediaField : public QLineEdit {
   Q_OBJECT
 
  public:
   /// Tells whether a card's media name is found.
   using IsFound = std::function<bool(const Text& name)>;
-  /// The folder whose files need no path.
+  /// The folder of the stack, whose files need no path.
   using Folder = std::function<Text()>;
 
-  MediaField(IsFound isFound, Folder folder, QWidget* owner);
+  MediaField(MediaKind kind, IsFound isFound, Folder folder, QWidget* owner);
 
  protected:
   void dragEnterEvent(QDragEnterEvent* event) override;
@@ -27,8 +28,9 @@ class MediaField : public QLineEdit {
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void ShowWhetherFound();
+  void ShowMark();
 
+  MediaKind m_kind;
   IsFound m_isFound;
   Folder m_folder;
   QAction* m_mark;

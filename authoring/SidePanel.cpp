@@ -31,7 +31,6 @@ SidePanel::SidePanel(int side, SharedState& shared, Platform& platform, QWidget*
   m_text->setObjectName(QStringLiteral("txt") + SideName(side));
   m_text->setAccessibleName(SideName(side) + QStringLiteral(" text"));
   m_text->setTabChangesFocus(true);
-  m_text->setMinimumHeight(56);
   auto* const soundLabel = new QLabel(QStringLiteral("Sound:"), this);
   auto* const pictureLabel = new QLabel(QStringLiteral("Picture:"), this);
   m_sound->setAccessibleName(SideName(side) + QStringLiteral(" sound"));
@@ -54,6 +53,7 @@ SidePanel::SidePanel(int side, SharedState& shared, Platform& platform, QWidget*
 MediaField* SidePanel::AddMediaField(const QString& name, MediaKind kind, SharedState& shared,
                                      Platform& platform) {
   auto* const field = new MediaField(
+      kind,
       [&shared, &platform](const Text& media) {
         return !FindMedia(platform.files, media, shared.Switches.DefaultFolder).empty();
       },

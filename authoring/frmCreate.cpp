@@ -5,14 +5,18 @@
 #include "authoring/NewStack.h"
 #include "authoring/SidePanel.h"
 #include "base/QtText.h"
+#include "cards/UnsavableText.h"
 #include "cards/frmLoad.h"
 #include "keys/CardField.h"
 #include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
 #include "shell/Pointer.h"
+#include "shell/Zoom.h"
+#include "shell/ZoomKeys.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -25,9 +29,12 @@ constexpr float LargerBy = 2;  // points: what is being typed stands larger than
 
 frmCreate::frmCreate(SharedState& shared, Platform& platform, QWidget* owner)
     : Form("frmCreate", shared, platform, owner),
+      m_announcer(this),
       lblCardCount(Add<QLabel>(QStringLiteral("lblCardCount"))),
+      lblNotice(Add<QLabel>(QStringLiteral("lblNotice"))),
       m_sides{new SidePanel(Front, shared, platform, this),
               new SidePanel(Back, shared, platform, this)},
+      cmdPrev(Add<QPushButton>(QStringLiteral("cmdPrev"), QStringLiteral("&Previous Card"))),
       cmdCont(Add<QPushButton>(QStringLiteral("cmdCont"), QStringLiteral("Continue"))),
       cmdCanc(Add<QPushButton>(QStringLiteral("cmdCanc"), QStringLiteral("Cancel Entry"))),
       cmdEnd(Add<QPushButton>(QStringLiteral("cmdEnd"))),
@@ -37,6 +44,7 @@ frmCreate::frmCreate(SharedState& shared, Platform& platform, QWidget* owner)
   for (SidePanel* const panel : m_sides) {
     connect(panel, &SidePanel::TextChanged, this, [this] { cmdCont->setEnabled(true); });
   }
+  connect(cmdPrev, &QPushButton::clicked, this, &frmCreate::cmdPrev_Click);
   connect(cmdCont, &QPushButton::clicked, this, &frmCreate::cmdCont_Click);
   connect(cmdCanc, &QPushButton::clicked, this, &frmCreate::cmdCanc_Click);
   connect(cmdEnd, &QPushButton::clicked, this, &frmCreate::cmdEnd_Click);
@@ -51,12 +59,16 @@ void frmCreate::LayOut() {
   count->addWidget(new QLabel(QStringLiteral("Card Count:"), sspCardCount));
   count->addWidget(lblCardCount);
   count->addStretch();
+  count->addWidget(lblNotice);
   lblCardCount->setAccessibleDescription(QStringLiteral("Card count"));
   auto* const sides = new QHBoxLayout;
   sides->setSpacing(12);
   sides->addWidget(m_sides[0]);
   sides->addWidget(m_sides[1]);
+  cmdPrev->setToolTip(QStringLiteral("Back to a card that you have typed, to correct it"));
+  cmdCont->setToolTip(QStringLiteral("Store the card and go on (Ctrl+Enter)"));
   auto* const buttons = new QHBoxLayout;
+  buttons->addWidget(cmdPrev);
   buttons->addStretch();
   for (QPushButton* const button : {cmdCont, cmdCanc, cmdEnd, cmdCancAll}) {
     buttons->addWidget(button);
@@ -73,16 +85,23 @@ void frmCreate::LayOut() {
 void frmCreate::MakeMenus() {
   QMenuBar* const bar = AddMenuBar();
   new EditMenu(bar);
+  m_zoom = new ZoomKeys(bar, m_platform.state, u"frmCreate", ExactZoom);
+  connect(m_zoom, &ZoomKeys::Changed, this, &frmCreate::ApplyFonts);
   m_keyMenus = new KeyMenus(bar, KeyMenuStyle::CardWindow, m_shared.Topic, m_shared, m_platform);
   m_keyMenus->AddSideField(m_sides[0]->Field(), KeySide::Front);
   m_keyMenus->AddSideField(m_sides[1]->Field(), KeySide::Back);
   AddHelp(bar, HelpContext::Create);
 }
 
-void frmCreate::Form_Load() {
+void frmCreate::ApplyFonts() {
   const TopicFonts& fonts = m_shared.Topic.Fonts;
-  m_sides[0]->SetTextFont(DisplayFont(fonts.FrontFont, fonts.FrontSize + LargerBy));
-  m_sides[1]->SetTextFont(DisplayFont(fonts.BackFont, fonts.BackSize + LargerBy));
+  const float zoom = m_zoom->Factor();
+  m_sides[0]->SetTextFont(DisplayFont(fonts.FrontFont, fonts.FrontSize + LargerBy, zoom));
+  m_sides[1]->SetTextFont(DisplayFont(fonts.BackFont, fonts.BackSize + LargerBy, zoom));
+}
+
+void frmCreate::Form_Load() {
+  ApplyFonts();
   const Text topic = m_shared.Topics.Name(m_shared.Topics.CurrentTopic);
   if (IsAdding()) {
     // The name stands in its full width.
@@ -95,6 +114,7 @@ void frmCreate::Form_Load() {
     setWindowTitle(ToQString(u"Create Cards - " + topic));
     cmdEnd->setText(QStringLiteral("Save/End"));
   }
+  m_cards.emplace(m_shared.Stacks);
   cmdCont->setEnabled(false);
   ShowCardCount();
   m_sides[0]->TextBox()->setFocus();
@@ -124,9 +144,45 @@ void frmCreate::ClearEntry() {
   m_sides[0]->TextBox()->setFocus();
 }
 
-void frmCreate::ShowCardCount() { lblCardCount->setText(ToQString(NumberText(Stack().CardCount))); }
+void frmCreate::ShowCardCount() {
+  lblCardCount->setText(ToQString(NumberText(Stack().CardCount)));
+  cmdPrev->setEnabled(m_cards->HasPrevious());
+  const int card = m_cards->Corrected();
+  lblNotice->setText(
+      card == 0 ? QString()
+                : QStringLiteral("Correcting card %1. Continue goes on from it.").arg(card));
+}
+
+void frmCreate::ShowFields(const CardFields& fields) {
+  for (const int side : {Front, Back}) {
+    m_sides[static_cast<std::size_t>(side)]->SetContent(
+        fields.sides[static_cast<std::size_t>(side)]);
+  }
+}
+
+void frmCreate::ShowCard(const CardFields& fields) {
+  ShowFields(fields);
+  const bool correcting = m_cards->Corrected() != 0;
+  cmdCont->setEnabled(correcting || m_canContinue);
+  ShowCardCount();
+  m_sides[0]->TextBox()->setFocus();
+  m_announcer.Say(correcting ? lblNotice->text() : QStringLiteral("New card."));
+}
+
+void frmCreate::BackToEntry() {
+  if (m_cards->Corrected() != 0) ShowCard(m_cards->GoTo(0, Typed()));
+}
+
+void frmCreate::cmdPrev_Click() {
+  if (m_cards->Corrected() == 0) m_canContinue = cmdCont->isEnabled();
+  ShowCard(m_cards->GoBack(Typed()));
+}
 
 void frmCreate::cmdCont_Click() {
+  if (m_cards->Corrected() != 0) {
+    ShowCard(m_cards->GoOn(Typed()));
+    return;
+  }
   // The card is stored before anything is tested: with one side empty it is stored all the same,
   // and again at the next press. Meant so.
   AddCard();
@@ -137,13 +193,23 @@ void frmCreate::cmdCont_Click() {
   }
 }
 
+void frmCreate::cmdCanc_Click() {
+  if (m_cards->Corrected() != 0) {
+    ShowCard(m_cards->Drop());
+  } else {
+    ClearEntry();
+  }
+}
+
 void frmCreate::cmdEnd_Click() {
+  BackToEntry();
   if (AreBothTextsTyped()) cmdCont_Click();
   m_saveOnExit = !IsAdding();
   Unload();
 }
 
 bool frmCreate::Form_QueryUnload(UnloadCause) {
+  BackToEntry();
   SetPointer(PointerShape::Busy);
   if (Stack().CardCount > 0 && m_saveOnExit) return SaveNewStack();
   if (!IsAdding()) DropNewStack(m_shared.Stacks);
@@ -159,5 +225,28 @@ bool frmCreate::SaveNewStack() {
   SetPointer(PointerShape::Normal);
   m_saveOnExit = false;
   ShowCardCount();
+  ShowUnsavableText();
   return false;
+}
+
+/// A stack with a caret can never be saved, so the user is led to it.
+void frmCreate::ShowUnsavableText() {
+  const std::optional<CardSide> where = FirstUnsavableText(Stack());
+  if (!where || !m_cards->IsTyped(where->card)) return;
+  m_canContinue = cmdCont->isEnabled();
+  ShowCard(m_cards->GoTo(where->card, Typed()));
+  CardTextBox* const box = m_sides[static_cast<std::size_t>(where->side)]->TextBox();
+  box->setFocus();
+  box->SelectFirst(u'^');
+}
+
+/// Enter alone does nothing where cards are typed.
+void frmCreate::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  const bool control = (event->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+  if (enter && control) {
+    if (cmdCont->isEnabled()) cmdCont->click();
+  } else {
+    Form::keyPressEvent(event);
+  }
 }

@@ -1,17 +1,21 @@
 #pragma once
 
-#include "authoring/CardFields.h"
+#include "authoring/TypedCards.h"
+#include "base/Announcer.h"
 #include "shell/Form.h"
 
 #include <array>
+#include <optional>
 
 class KeyMenus;
 class QLabel;
 class QPushButton;
 class SidePanel;
+class ZoomKeys;
 
 /// Where cards are typed in: into a new stack, which is saved at the end, or, in AddCardsMode,
-/// behind those of the selected stack, which the card editor saves.
+/// behind those of the selected stack, which the card editor saves. Cards that were typed can be
+/// gone back to and corrected while the window is open.
 class frmCreate : public Form {
   Q_OBJECT
 
@@ -21,6 +25,7 @@ class frmCreate : public Form {
  protected:
   bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Activate() override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void LayOut();
@@ -29,6 +34,12 @@ class frmCreate : public Form {
   bool IsAdding() const { return m_shared.Switches.AddCardsMode; }
   CardStack& Stack() { return m_shared.Stacks.Current(); }
   CardFields Typed() const;
+  void ApplyFonts();
+  void ShowFields(const CardFields& fields);
+  /// Shows what `m_cards` has come to.
+  void ShowCard(const CardFields& fields);
+  /// Ends a correction, which the card takes.
+  void BackToEntry();
   bool AreBothTextsTyped() const;
 
   void AddCard();
@@ -36,19 +47,27 @@ class frmCreate : public Form {
   void ShowCardCount();
   /// @return false when the stack was not saved and the window stays open
   bool SaveNewStack();
+  void ShowUnsavableText();
 
+  void cmdPrev_Click();
   void cmdCont_Click();
-  void cmdCanc_Click() { ClearEntry(); }
+  void cmdCanc_Click();
   void cmdEnd_Click();
   void cmdCancAll_Click() { Unload(); }
 
   bool m_saveOnExit = false;
+  bool m_canContinue = false;  // with the entry, while another card is shown
+  std::optional<TypedCards> m_cards;
+  Announcer m_announcer;
 
   QLabel* lblCardCount;
+  QLabel* lblNotice;
   std::array<SidePanel*, 2> m_sides;
+  QPushButton* cmdPrev;
   QPushButton* cmdCont;
   QPushButton* cmdCanc;
   QPushButton* cmdEnd;
   QPushButton* cmdCancAll;
   KeyMenus* m_keyMenus = nullptr;
+  ZoomKeys* m_zoom = nullptr;
 };

@@ -4,6 +4,7 @@
 #include "authoring/EditMenu.h"
 #include "authoring/RowLabel.h"
 #include "authoring/SidePanel.h"
+#include "authoring/SpokenSelection.h"
 #include "authoring/frmCreate.h"
 #include "authoring/frmDesc.h"
 #include "authoring/frmFind.h"
@@ -16,6 +17,8 @@
 #include "settings/DisplayFont.h"
 #include "settings/frmConfig.h"
 #include "shell/Pointer.h"
+#include "shell/Zoom.h"
+#include "shell/ZoomKeys.h"
 
 #include <QAction>
 #include <QGridLayout>
@@ -29,7 +32,10 @@
 #include <QWheelEvent>
 
 frmEdit::frmEdit(SharedState& shared, Platform& platform, QWidget* owner, frmFind& find)
-    : Form("frmEdit", shared, platform, owner), m_editor(shared.Stacks), m_find(find) {
+    : Form("frmEdit", shared, platform, owner),
+      m_editor(shared.Stacks),
+      m_find(find),
+      m_announcer(this) {
   MakeRows();
   m_sides = {new SidePanel(Front, shared, platform, this),
              new SidePanel(Back, shared, platform, this)};
@@ -63,6 +69,8 @@ void frmEdit::MakeRows() {
   ShowListFocus(false);
   sspListBox->setFocusPolicy(Qt::StrongFocus);
   sspListBox->setAccessibleName(QStringLiteral("Cards"));
+  sspListBox->setToolTip(
+      QStringLiteral("Arrow keys move; Ctrl+Enter in a text goes to the next card"));
   SetAccessibleRole(sspListBox, QAccessible::List);
   sspListBox->installEventFilter(this);
   auto* const sspCol1 = new QFrame(sspListBox);
@@ -147,6 +155,8 @@ void frmEdit::MakeMenus() {
   connect(mnuFind, &QAction::triggered, this, &frmEdit::mnuFind_Click);
   connect(mnuReFind, &QAction::triggered, this, &frmEdit::mnuReFind_Click);
 
+  m_zoom = new ZoomKeys(bar, m_platform.state, u"frmEdit", ExactZoom);
+  connect(m_zoom, &ZoomKeys::Changed, this, &frmEdit::ApplyFonts);
   m_keyMenus = new KeyMenus(bar, KeyMenuStyle::CardWindow, m_shared.Topic, m_shared, m_platform);
   m_keyMenus->AddSideField(m_sides[0]->Field(), KeySide::Front);
   m_keyMenus->AddSideField(m_sides[1]->Field(), KeySide::Back);
@@ -171,12 +181,13 @@ void frmEdit::ShowCaption() {
 
 void frmEdit::ApplyFonts() {
   const TopicFonts& fonts = m_shared.Topic.Fonts;
-  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize);
-  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize);
+  const QFont front = DisplayFont(fonts.FrontFont, fonts.FrontSize, m_zoom->Factor());
+  const QFont back = DisplayFont(fonts.BackFont, fonts.BackSize, m_zoom->Factor());
   m_sides[0]->SetTextFont(front);
   m_sides[1]->SetTextFont(back);
   for (RowLabel* const label : lblCol1) label->setFont(front);
   for (RowLabel* const label : lblCol2) label->setFont(back);
+  FillRows();  // the font holds the line through a marked card, too
 }
 
 void frmEdit::Form_Activate() { m_keyMenus->Rebuild(); }
@@ -184,8 +195,8 @@ void frmEdit::Form_Activate() { m_keyMenus->Rebuild(); }
 void frmEdit::FillRows() {
   for (int row = 0; row < RowsPerPage; ++row) {
     const auto i = static_cast<std::size_t>(row);
-    lblCol1[i]->SetCardText(m_editor.RowText(row, Front));
-    lblCol2[i]->SetCardText(m_editor.RowText(row, Back));
+    lblCol1[i]->SetCardText(TrimRight(m_editor.RowText(row, Front)));
+    lblCol2[i]->SetCardText(TrimRight(m_editor.RowText(row, Back)));
     lblCol1[i]->SetStruckOut(m_editor.IsRowStruckOut(row));
     lblCol2[i]->SetStruckOut(m_editor.IsRowStruckOut(row));
   }
@@ -222,6 +233,18 @@ void frmEdit::ShowAll() {
   ShowPosition();
 }
 
+void frmEdit::SaySelection() { m_announcer.Say(ToQString(SpokenSelection(m_editor, Stack()))); }
+
+void frmEdit::ShowUnsavableText() {
+  const std::optional<CardSide> where = m_editor.UnsavableText();
+  if (!where) return;
+  m_editor.GoTo(where->card);
+  ShowAll();
+  CardTextBox* const box = m_sides[static_cast<std::size_t>(where->side)]->TextBox();
+  box->setFocus();
+  box->SelectFirst(u'^');
+}
+
 void frmEdit::CommitText(int side) {
   const Text text = m_sides[static_cast<std::size_t>(side)]->Content().text;
   if (m_editor.CommitText(side, text)) FillRows();
@@ -238,22 +261,27 @@ void frmEdit::Row_Click(int row, int side) {
   m_editor.SelectRow(row, side);
   ShowAll();
   sspListBox->setFocus();
+  SaySelection();
 }
 
 void frmEdit::vsbBar_Change(int topCard) {
   CommitTexts();
   m_editor.ScrollTo(topCard);
   ShowAll();
+  SaySelection();
 }
 
 void frmEdit::MoveSelection(int rows) {
   CommitTexts();
   m_editor.MoveSelection(rows);
   ShowAll();
+  SaySelection();
 }
 
 void frmEdit::cmdEdit_Click() {
-  if (!m_sides[0]->Content().text.empty()) m_sides[0]->TextBox()->setFocus();
+  // A front of nothing but the blanks that a load adds is not empty.
+  const bool shown = m_editor.SelRow() >= 0 && !Stack().SideText(m_editor.CurCard(), Front).empty();
+  if (shown || !m_sides[0]->Content().text.empty()) m_sides[0]->TextBox()->setFocus();
 }
 
 void frmEdit::cmdAppend_Click() {
@@ -272,6 +300,7 @@ void frmEdit::cmdDel_Click() {
   CommitTexts();
   m_editor.ToggleDeleted();
   FillRows();
+  SaySelection();
 }
 
 void frmEdit::cmdEnd_Click() {
@@ -314,7 +343,8 @@ bool frmEdit::SaveCards() {
   const FileStatus status = m_editor.Save();
   if (status == FileStatus::Ok) return true;
   Stack().StackName = oldName;
-  m_platform.prompts.Show(FileErrorPrompt(status, stacks.Saves.rescueFolder));
+  m_platform.prompts.Show(m_editor.SaveErrorPrompt(status));
+  if (status == FileStatus::Overflow) ShowUnsavableText();
   return false;
 }
 
@@ -337,6 +367,7 @@ void frmEdit::ShowFound() {
   if (m_shared.Switches.FoundCard < 1) return;
   m_editor.GoTo(m_shared.Switches.FoundCard);
   ShowAll();
+  SaySelection();
 }
 
 void frmEdit::mnuTopic_Click() {
@@ -386,7 +417,10 @@ void frmEdit::keyPressEvent(QKeyEvent* event) {
   const bool inRows = sspListBox->hasFocus();
   const bool onButton = qobject_cast<QPushButton*>(focusWidget()) != nullptr;
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (const int rows = RowsMovedBy(event->key()); rows != 0) {
+  const bool control = (event->modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+  if (enter && control && qobject_cast<CardTextBox*>(focusWidget()) != nullptr) {
+    MoveSelection(1);
+  } else if (const int rows = RowsMovedBy(event->key()); rows != 0) {
     if (inRows || onButton) MoveSelection(rows);
   } else if (inRows && enter) {
     cmdEdit_Click();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "authoring/CardEditor.h"
+#include "base/Announcer.h"
 #include "shell/Form.h"
 
 #include <array>
@@ -12,6 +13,7 @@ class QPushButton;
 class QScrollBar;
 class RowLabel;
 class SidePanel;
+class ZoomKeys;
 class frmFind;
 
 /// The card editor: the selected stack as a list of cards, five at a time, with the fields of the
@@ -46,6 +48,9 @@ class frmEdit : public Form {
   void SetScrollRange();
   /// Shows all that depends on the top card and the selection.
   void ShowAll();
+  void SaySelection();
+  /// Leads to the text that keeps the cards from being saved.
+  void ShowUnsavableText();
 
   /// Stores what was typed into the text fields. Buttons by mnemonic, the scroll bar, the wheel and
   /// menus do not move the focus, so every command begins with it.
@@ -75,6 +80,7 @@ class frmEdit : public Form {
 
   CardEditor m_editor;
   frmFind& m_find;
+  Announcer m_announcer;
   bool m_noSavePrompt = false;
   int m_wheel = 0;  // turned, but not yet by a whole notch
 
@@ -91,4 +97,5 @@ class frmEdit : public Form {
   QPushButton* cmdCancAll = nullptr;
   QAction* mnuReFind = nullptr;
   KeyMenus* m_keyMenus = nullptr;
+  ZoomKeys* m_zoom = nullptr;
 };

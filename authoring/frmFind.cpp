@@ -6,6 +6,8 @@
 #include "keys/KeyMenus.h"
 #include "settings/DisplayFont.h"
 #include "shell/Pointer.h"
+#include "shell/Zoom.h"
+#include "shell/ZoomKeys.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -25,6 +27,8 @@ frmFind::frmFind(SharedState& shared, Platform& platform, QWidget* owner)
   LayOut();
   QMenuBar* const bar = AddMenuBar();
   auto* const field = new CardField(txtFind, shared.Topic.Keys);
+  m_zoom = new ZoomKeys(bar, platform.state, u"frmFind", ExactZoom);
+  connect(m_zoom, &ZoomKeys::Changed, this, &frmFind::ApplyFont);
   m_keyMenus = new KeyMenus(bar, KeyMenuStyle::CardWindow, shared.Topic, shared, platform);
   m_keyMenus->AddField(field);
   AddHelp(bar, HelpContext::Find);
@@ -37,6 +41,7 @@ frmFind::frmFind(SharedState& shared, Platform& platform, QWidget* owner)
   connect(sscBack, &QCheckBox::clicked, this, [this] { Side_Click(sscBack); });
   connect(cmdOK, &QPushButton::clicked, this, &frmFind::cmdOK_Click);
   connect(cmdCanc, &QPushButton::clicked, this, &frmFind::cmdCanc_Click);
+  SetOkButton(cmdOK);
   SetCancelButton(cmdCanc);
 }
 
@@ -111,7 +116,12 @@ void frmFind::SetFindFont() {
   // The size follows only when the name is another. Meant so.
   if (name == m_fontName) return;
   m_fontName = name;
-  txtFind->setFont(DisplayFont(name, size));
+  m_fontSize = size;
+  ApplyFont();
+}
+
+void frmFind::ApplyFont() {
+  txtFind->setFont(DisplayFont(m_fontName, m_fontSize, m_zoom->Factor()));
 }
 
 void frmFind::Side_Click(QCheckBox* clicked) {

@@ -7,6 +7,7 @@ class KeyMenus;
 class QCheckBox;
 class QLineEdit;
 class QPushButton;
+class ZoomKeys;
 
 /// The find window. It lives for the whole run and is only hidden, so that "Find Next" and the next
 /// search find its settings.
@@ -26,6 +27,7 @@ class frmFind : public Form {
   void LayOut();
   SearchSettings Settings() const;
   void SetFindFont();
+  void ApplyFont();
   void Side_Click(QCheckBox* clicked);
   void txtFind_GotFocus();
   void txtFind_LostFocus();
@@ -39,5 +41,7 @@ class frmFind : public Form {
   QPushButton* cmdOK;
   QPushButton* cmdCanc;
   KeyMenus* m_keyMenus = nullptr;
-  Text m_fontName;  // of txtFind, as the topic names it
+  ZoomKeys* m_zoom = nullptr;
+  float m_fontSize = 0;  // of txtFind before it is zoomed
+  Text m_fontName;       // of txtFind, as the topic names it
 };

@@ -1,5 +1,6 @@
 #include "authoring/MediaField.h"
 
+#include "shell/Icons.h"
 #include "tests/window/WindowFixture.h"
 
 #include <QDropEvent>
@@ -23,7 +24,7 @@ class MediaFieldTest : public testing::Test {
     return true;
   }
 
-  MediaField field{[](const Text& name) { return name == u"dog.wav"; },
+  MediaField field{MediaKind::Sound, [](const Text& name) { return name != u"cat.wav"; },
                    [] { return Text(u"/cards"); }, nullptr};
 };
 
@@ -36,11 +37,29 @@ TEST_F(MediaFieldTest, AnEmptyFieldHasNoMark) {
 TEST_F(MediaFieldTest, TheMarkTellsWhetherTheFileIsThere) {
   field.setText("dog.wav");
   EXPECT_TRUE(HasMark("found"));
-  EXPECT_EQ(field.toolTip(), "The file is there");
   EXPECT_EQ(field.accessibleDescription(), "The file is there");
-  QTest::keyClicks(&field, "e");
+  field.setText("cat.wav");
   EXPECT_TRUE(HasMark("missing"));
-  EXPECT_EQ(field.toolTip(), "The file was not found");
+  EXPECT_EQ(field.accessibleDescription(), "The file was not found");
+  EXPECT_EQ(field.toolTip(), PlainToolTip(u"The file was not found"));
+}
+
+TEST_F(MediaFieldTest, AFileThatIsThereIsNoComfortUnderANameThatWillNotLast) {
+  for (const char* const name : {"my dog.wav", "/other/dog.wav", "dog.mp3", "dog.bmp"}) {
+    field.setText(name);
+    EXPECT_TRUE(HasMark("lost")) << name;
+    EXPECT_FALSE(field.accessibleDescription().contains("is there")) << name;
+  }
+  field.setText("<b>my</b> dog.wav");
+  EXPECT_EQ(field.accessibleDescription(),
+            "Only dog.wav is left after saving: a name must have no blanks");
+}
+
+TEST_F(MediaFieldTest, TheMarkOfAMissingFileIsNoClearButton) {
+  field.setText("cat.wav");
+  const QImage missing = Mark("missing")->icon().pixmap(24, 24).toImage();
+  EXPECT_NE(missing, TintedIcon("wrong").pixmap(24, 24).toImage());
+  EXPECT_EQ(missing, TintedIcon("warning").pixmap(24, 24).toImage());
 }
 
 TEST_F(MediaFieldTest, AClearedFieldSaysNothing) {

@@ -73,7 +73,7 @@ TEST_F(frmCreateTest, ShowsTheCaptionsOfItsControls) {
     for (const QAction* const head : window.findChild<QMenuBar*>()->actions()) {
       heads << head->text();
     }
-    EXPECT_EQ(heads, QStringList({"&Edit", "&Front Keys", "&Back Keys", "&Help"}));
+    EXPECT_EQ(heads, QStringList({"&Edit", "&View", "&Front Keys", "&Back Keys", "&Help"}));
   });
 }
 
@@ -541,8 +541,8 @@ TEST_F(frmCreateTest, ACardWithACaretCannotBeSaved) {
     SaveEnd(window, "powers");
     EXPECT_TRUE(window.isVisible());
   });
-  ExpectPrompt(prompts.shown.at(0), u"Overflow", PromptIcon::Exclamation, PromptButtons::Ok,
-               u"Quib!Cards 5.50 Error");
+  EXPECT_TRUE(prompts.shown.at(0).text.starts_with(u"Overflow\r\n\r\nCard 1, front: 2^3\r\n"));
+  EXPECT_EQ(prompts.shown.at(0).title, u"Quib!Cards 5.50 Error");
 }
 
 // --- Leaving without saving ---

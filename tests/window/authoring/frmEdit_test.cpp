@@ -977,8 +977,8 @@ TEST_F(frmEditTest, AFailedSaveIsToldAndLosesNothing) {
     EXPECT_EQ(shared.Stacks.StackFileNumber, nullptr);
   });
   EXPECT_EQ(files.Content(u"/cards/nouns.QBC"), "old");
-  ExpectPrompt(prompts.shown.at(1), u"Overflow", PromptIcon::Exclamation, PromptButtons::Ok,
-               u"Quib!Cards 5.50 Error");
+  EXPECT_TRUE(prompts.shown.at(1).text.starts_with(u"Overflow\r\n\r\nCard 1, front: 2^3\r\n"));
+  EXPECT_EQ(prompts.shown.at(1).title, u"Quib!Cards 5.50 Error");
 }
 
 TEST_F(frmEditTest, AFullDiskIsToldAndTheNextSaveSucceeds) {

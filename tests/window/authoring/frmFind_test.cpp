@@ -166,14 +166,22 @@ TEST_F(frmFindTest, EveryWayOutOnlyHidesAndKeepsTheSettings) {
   EXPECT_EQ(found, 0);
 }
 
-TEST_F(frmFindTest, EnterInTheFieldDoesNothing) {
-  WithFind([this] {
-    Retype(find, "txtFind", "front");
-    QTest::keyClick(&Line(find, "txtFind"), Qt::Key_Return);
-    EXPECT_TRUE(find.isVisible());
-    EXPECT_EQ(Line(find, "txtFind").text(), "front");
-  });
-  EXPECT_EQ(found, 0);
+TEST_F(frmFindTest, EnterIsOk) {
+  for (const char* const name : {"txtFind", "sscBack"}) {
+    shared.Switches.FoundCard = 0;
+    WithFind([&] {
+      Find<QWidget>(find, "txtFind").setFocus();
+      QTest::keyClick(&Line(find, "txtFind"), Qt::Key_A, Qt::ControlModifier);
+      QTest::keyClick(&Line(find, "txtFind"), Qt::Key_Delete);
+      QTest::keyClick(&Line(find, "txtFind"), Qt::Key_Return);
+      EXPECT_TRUE(find.isVisible()) << "there is nothing to look for";
+      QTest::keyClicks(&Line(find, "txtFind"), "front 2");
+      Find<QWidget>(find, name).setFocus();
+      QTest::keyClick(&Find<QWidget>(find, name), Qt::Key_Return);
+      EXPECT_FALSE(find.isVisible());
+    });
+    EXPECT_EQ(shared.Switches.FoundCard, 2) << name;
+  }
 }
 
 TEST_F(frmFindTest, TypingReplacesTheTextOfTheLastSearch) {
