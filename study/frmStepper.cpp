@@ -238,6 +238,8 @@ void frmStepper::NewQuestion() {
     sspTop->setFocus();  // away from Next, and on no answer: a second key press must not choose
     cmdNext->setEnabled(false);
   }
+  // The editor may have given the stack its first picture meanwhile.
+  if (picTop->isHidden()) picTop->setVisible(HasPictures(Stack()));
   lblCardCount->setText(ToQString(CardCountText(m_session, Stack())));
   SetSideControls(false);
   txtSpell->setText({});  // for good: undoing must not bring the last answer back
