@@ -26,7 +26,7 @@ class PrintMeasure {
   virtual double PageHeight() = 0;
   /// @param line  has no line break; blanks count, at its ends too
   virtual double TextWidth(const PrintFont& font, TextView line) = 0;
-  /// Ascent and descent; so far apart are printed lines.
+  /// The font's line spacing; so far apart are lines that are printed in it.
   virtual double TextHeight(const PrintFont& font) = 0;
 };
 

@@ -89,7 +89,7 @@ double DeviceMeasure::TextWidth(const PrintFont& font, TextView line) {
 }
 
 double DeviceMeasure::TextHeight(const PrintFont& font) {
-  return QFontMetricsF(QtFont(font), &m_device).height() / UnitsPerTwip(m_device);
+  return QFontMetricsF(QtFont(font), &m_device).lineSpacing() / UnitsPerTwip(m_device);
 }
 
 FileStatus PrintToPrinter(QPrinter& printer, const CardStack& stack, const PrintSettings& settings,

@@ -5,6 +5,7 @@
 #include "tests/window/WindowFixture.h"
 
 #include <QDir>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QPdfWriter>
 #include <QPrinter>
@@ -168,6 +169,15 @@ TEST_F(StackPrinterTest, LinesAreAFontsHeightApart) {
   device.setResolution(1440);
   const double height = DeviceMeasure(device).TextHeight(settings.front) / 1440;
   EXPECT_NEAR(Find("second").top - Find("first").top, height, 0.01);
+}
+
+TEST_F(StackPrinterTest, AFontsHeightIsItsLineSpacing) {
+  QPdfWriter device(folder.filePath("measure.pdf"));
+  device.setResolution(1440);
+  const QFontMetricsF metrics(QFont(QStringLiteral("Liberation Serif"), 24), &device);
+  ASSERT_GT(metrics.leading(), 1) << "this font shall have a gap between its lines";
+  EXPECT_NEAR(DeviceMeasure(device).TextHeight({.name = u"Liberation Serif", .size = 24}),
+              metrics.lineSpacing(), 1);
 }
 
 TEST_F(StackPrinterTest, MeasuresTwipsAtAnyResolution) {
