@@ -42,6 +42,21 @@ int IntegerOf(TextView text) {
   return static_cast<std::int32_t>(negative ? 0U - number : number);
 }
 
+bool IsMissing(FileStatus status) {
+  return status == FileStatus::FileNotFound || status == FileStatus::PathNotFound;
+}
+
+/// Editors that do not replace a file as a whole take it away or empty it first.
+bool IsGone(FileStatus status, const std::string& bytes) {
+  return IsMissing(status) || (status == FileStatus::Ok && bytes.empty());
+}
+
+/// Two bytes that look like its mark make no UTF-16: its brackets and letters bring zero bytes.
+bool IsUtf16(std::string_view bytes) {
+  const bool hasMark = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+  return hasMark && (bytes.size() == 2 || bytes.find('\0') != std::string_view::npos);
+}
+
 }  // namespace
 
 Text StringIn(const ProfileText& profile, TextView section, TextView key, TextView fallback,
@@ -76,34 +91,67 @@ bool ProfileFile::DeleteSection(TextView section) {
   return Change([&](ProfileText& profile) { profile.RemoveSection(section); });
 }
 
+ProfileTrouble ProfileFile::Trouble() const {
+  if (m_readTrouble != ProfileTrouble::None) return m_readTrouble;
+  return m_notWritten ? ProfileTrouble::NotWritten : ProfileTrouble::None;
+}
+
+/// A file that seems to be gone is looked at again, under the lock: this one may be read in the
+/// moment in which another program replaces it.
+FileStatus ProfileFile::ReadBytes(std::string& bytes, LockState lockState) const {
+  FileStatus status = m_files.Read(m_path, bytes);
+  if (!IsGone(status, bytes) || (!m_hadContent && !m_files.Exists(m_path))) return status;
+  const std::unique_ptr<FileLock> lock =
+      lockState == LockState::Free ? m_files.Lock(m_path) : nullptr;
+  status = m_files.Read(m_path, bytes);
+  const bool isThere = m_hadContent || (status != FileStatus::Ok && m_files.Exists(m_path));
+  return isThere && IsGone(status, bytes) ? FileStatus::DeviceError : status;
+}
+
 /// A file that is not there is an empty one.
-FileStatus ProfileFile::ReadText(std::optional<ProfileText>& text) const {
+FileStatus ProfileFile::ReadText(std::optional<ProfileText>& text, LockState lockState) const {
   std::string bytes;
-  const FileStatus status = m_files.Read(m_path, bytes);
-  if (status == FileStatus::Ok) text.emplace(DecodeFileText(bytes));
-  if (status == FileStatus::FileNotFound || status == FileStatus::PathNotFound) text.emplace(u"");
+  FileStatus status = ReadBytes(bytes, lockState);
+  const bool isUtf16 = status == FileStatus::Ok && IsUtf16(bytes);
+  if (isUtf16) status = FileStatus::DeviceError;
+  if (status == FileStatus::Ok) {
+    text.emplace(DecodeFileText(bytes));
+    m_hadContent = m_hadContent || !bytes.empty();
+  }
+  if (IsMissing(status)) text.emplace(u"");
+  m_readTrouble = text      ? ProfileTrouble::None
+                  : isUtf16 ? ProfileTrouble::Utf16
+                            : ProfileTrouble::Unreadable;
   return status;
 }
 
 std::optional<ProfileText> ProfileFile::Read() const {
   std::optional<ProfileText> text;
-  (void)ReadText(text);
+  (void)ReadText(text, LockState::Free);
   return text;
+}
+
+bool ProfileFile::Write(TextView content) {
+  std::unique_ptr<FileReplacement> replacement;
+  if (m_files.Replace(m_path, replacement) != FileStatus::Ok) return false;
+  if (replacement->Commit(EncodeFileText(content)) != FileStatus::Ok) return false;
+  m_hadContent = !content.empty();
+  return true;
 }
 
 bool ProfileFile::Change(const std::function<void(ProfileText&)>& change) {
   const std::unique_ptr<FileLock> lock = m_files.Lock(m_path);
   std::optional<ProfileText> profile;
-  const FileStatus read = ReadText(profile);
+  const FileStatus read = ReadText(profile, LockState::Held);
   // A file that is there but cannot be read must not be replaced by one line.
-  if (!profile || read == FileStatus::PathNotFound) return false;
-
+  if (!profile || read == FileStatus::PathNotFound) {
+    m_notWritten = true;
+    return false;
+  }
   const Text before = profile->Content();
   change(*profile);
   const Text after = profile->Content();
   if (after == before && read == FileStatus::Ok) return true;
-
-  std::unique_ptr<FileReplacement> replacement;
-  return m_files.Replace(m_path, replacement) == FileStatus::Ok &&
-         replacement->Commit(EncodeFileText(after)) == FileStatus::Ok;
+  m_notWritten = !Write(after);
+  return !m_notWritten;
 }

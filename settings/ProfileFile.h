@@ -12,16 +12,28 @@ Text StringIn(const ProfileText& profile, TextView section, TextView key, TextVi
               std::size_t longest);
 int IntegerIn(const ProfileText& profile, TextView section, TextView key, int fallback);
 
+/// What stands in the way of the settings.
+enum class ProfileTrouble {
+  None,
+  Unreadable,  ///< the file is there, or was a moment ago, and cannot be read
+  Utf16,       ///< it is text of another kind, which is not read
+  NotWritten   ///< the last change could not be saved
+};
+
 /// The settings file, read and written one value at a time. Every call sees the file as it is on
 /// disk now and every change is on disk when the call returns; the file is replaced as a whole,
 /// under a lock, so that two running programs neither tear it nor lose each other's lines. Nothing
 /// fails visibly: a file that cannot be read reads as empty, and one that cannot be read is never
-/// written.
+/// written. A file that had content in this run and is missing or empty now counts as one that
+/// cannot be read: another program may be about to replace it.
 class ProfileFile {
  public:
   ProfileFile(Files& files, Text path) : m_files(files), m_path(std::move(path)) {}
 
   const Text& Path() const { return m_path; }
+
+  /// As the latest reading and the latest change have found it.
+  ProfileTrouble Trouble() const;
 
   /// At most `longest` characters of the value, or of `fallback` (blanks at its right end cut) when
   /// section or key is missing.
@@ -46,8 +58,15 @@ class ProfileFile {
   bool DeleteSection(TextView section);
 
  private:
-  FileStatus ReadText(std::optional<ProfileText>& text) const;
+  enum class LockState { Free, Held };
+
+  FileStatus ReadText(std::optional<ProfileText>& text, LockState lockState) const;
+  FileStatus ReadBytes(std::string& bytes, LockState lockState) const;
+  bool Write(TextView content);
 
   Files& m_files;
   Text m_path;
+  mutable bool m_hadContent = false;  // in this run
+  mutable ProfileTrouble m_readTrouble = ProfileTrouble::None;
+  bool m_notWritten = false;
 };

@@ -2,6 +2,8 @@
 
 #include "base/LetterCase.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr TextView SpaceCharacters = u"\t\n\v\f\r\x1A ";
@@ -38,13 +40,35 @@ std::optional<KeyLine> ParseKeyLine(TextView line) {
   return KeyLine{TrimSpace(line.substr(0, equals)), equals + 1};
 }
 
+bool IsQuoted(TextView value) {
+  return value.size() >= 2 && value.front() == value.back() &&
+         (value.front() == u'"' || value.front() == u'\'');
+}
+
 /// Tabs and other control characters at the right end may be a key assignment's last character, so
 /// only blanks are cut there.
 TextView Unquoted(TextView value) {
   value = TrimRight(TrimSpaceInFront(value));
-  const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                      (value.front() == u'"' || value.front() == u'\'');
-  return quoted ? value.substr(1, value.size() - 2) : value;
+  return IsQuoted(value) ? value.substr(1, value.size() - 2) : value;
+}
+
+/// Reading takes one pair of quotes away, so a value that has a pair of its own gets another.
+Text Quoted(TextView value) { return IsQuoted(value) ? u'"' + Text(value) + u'"' : Text(value); }
+
+/// True for the one value in which a lone CR or LF may be a character: that of a key assignment.
+bool HoldsKeyAssignments(TextView line) {
+  const std::optional<KeyLine> key = ParseKeyLine(line);
+  return key && EqualIgnoringCase(key->key, u"KEYS");
+}
+
+/// Length of the line at the start of `content`, which goes up to a CR LF at most.
+std::size_t LineLength(TextView content) {
+  const TextView line = content.substr(0, content.find(LineBreak));
+  const std::size_t loneBreak = line.find_first_of(LineBreak);
+  if (loneBreak == TextView::npos || HoldsKeyAssignments(line.substr(0, loneBreak))) {
+    return line.size();
+  }
+  return loneBreak;
 }
 
 }  // namespace
@@ -52,11 +76,13 @@ TextView Unquoted(TextView value) {
 TextView SectionName(TextView name) { return TrimBlanks(name.substr(0, name.find(u']'))); }
 
 ProfileText::ProfileText(TextView content) {
-  const TextView lineEnd = content.find(LineBreak) != TextView::npos ? LineBreak : u"\n";
+  const bool hasCrLf = content.find(LineBreak) != TextView::npos;
   while (!content.empty()) {
-    const std::size_t length = content.find(lineEnd);
+    const std::size_t length =
+        hasCrLf ? LineLength(content) : std::min(content.find(u'\n'), content.size());
     m_lines.emplace_back(content.substr(0, length));
-    content = length == TextView::npos ? TextView() : content.substr(length + lineEnd.size());
+    content.remove_prefix(length);
+    content.remove_prefix(content.starts_with(LineBreak) ? LineBreak.size() : !content.empty());
   }
 }
 
@@ -97,7 +123,8 @@ std::optional<Text> ProfileText::Value(TextView section, TextView key) const {
 }
 
 void ProfileText::SetValue(TextView section, TextView key, TextView value) {
-  const Text newLine = Text(TrimBlanks(key)) + u"=" + Text(value);
+  const Text newValue = Quoted(value);
+  const Text newLine = Text(TrimBlanks(key)) + u"=" + newValue;
   const std::optional<Range> range = FindSection(section);
   if (!range) {
     m_lines.push_back(u"[" + Text(TrimBlanks(section)) + u"]");
@@ -105,7 +132,7 @@ void ProfileText::SetValue(TextView section, TextView key, TextView value) {
     return;
   }
   if (const std::optional<std::size_t> at = FindKey(*range, key)) {
-    m_lines[*at].replace(ParseKeyLine(m_lines[*at])->valueStart, Text::npos, value);
+    m_lines[*at].replace(ParseKeyLine(m_lines[*at])->valueStart, Text::npos, newValue);
     return;
   }
   std::size_t last = range->header;

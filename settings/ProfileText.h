@@ -16,7 +16,9 @@ TextView SectionName(TextView name);
 /// ignored; only the first section of a name counts, and in it the first key of a name.
 class ProfileText {
  public:
-  /// Where the content holds any CR LF, only CR LF ends a line; elsewhere LF does.
+  /// Where the content holds any CR LF, that ends a line, and so does a lone CR or LF, which an
+  /// editor may have left, except in the value of KEYS: there it is a character that a key types.
+  /// Elsewhere LF ends a line, and a lone CR belongs to it.
   explicit ProfileText(TextView content);
 
   /// All lines, each ended by CR LF.
@@ -26,7 +28,8 @@ class ProfileText {
   /// Nothing when section or key is missing; a present key with nothing behind "=" is empty.
   std::optional<Text> Value(TextView section, TextView key) const;
 
-  /// Replaces the value on its line, raw; or adds the key behind the last key of its section; or
+  /// Replaces the value on its line, as it is; only one in quotes gets a second pair, which reading
+  /// takes away. Or adds the key behind the last key of its section; or
   /// adds section and key at the end.
   void SetValue(TextView section, TextView key, TextView value);
 

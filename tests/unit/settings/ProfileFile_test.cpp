@@ -175,11 +175,11 @@ TEST_F(ProfileFileTest, MakesAnLfFileCrLfThroughoutWhenItChanges) {
   EXPECT_EQ(Content(), "; a\r\n[S]\r\nk=x\r\n\r\nl=w\r\n");
 }
 
-TEST_F(ProfileFileTest, KeepsLoneCrAndLfInOtherValues) {
-  Put("[S]\r\na=1\n2\r3\r\nk=v\r\n");
+TEST_F(ProfileFileTest, KeepsLoneCrAndLfInKeyAssignments) {
+  Put("[S]\r\nKEYS=1\n2\r3\r\nk=v\r\n");
   EXPECT_TRUE(profile.WriteString(u"S", u"k", u"x"));
-  EXPECT_EQ(Content(), "[S]\r\na=1\n2\r3\r\nk=x\r\n");
-  EXPECT_EQ(Get(u"a"), u"1\n2\r3");
+  EXPECT_EQ(Content(), "[S]\r\nKEYS=1\n2\r3\r\nk=x\r\n");
+  EXPECT_EQ(Get(u"KEYS"), u"1\n2\r3");
 }
 
 TEST_F(ProfileFileTest, NeverOverwritesAFileThatItCannotRead) {
@@ -194,6 +194,85 @@ TEST_F(ProfileFileTest, NeverOverwritesAFileThatItCannotRead) {
   }
   EXPECT_EQ(files.commits, 0);
   EXPECT_EQ(Content(), "[S]\r\nk=v\r\n");
+}
+
+TEST_F(ProfileFileTest, NeverReplacesByOneLineWhatWasThereAMomentAgo) {
+  Put("[S]\r\nk=v\r\n[T]\r\na=1\r\n");
+  EXPECT_EQ(Get(u"k"), u"v");
+  (void)files.Remove(u"QUIBCRDS.INI");
+  EXPECT_FALSE(profile.WriteString(u"S", u"k", u"x"));
+  EXPECT_FALSE(files.Has(u"QUIBCRDS.INI"));
+  EXPECT_FALSE(profile.Read());
+  Put("");  // another program is about to write it
+  EXPECT_FALSE(profile.WriteString(u"S", u"k", u"x"));
+  EXPECT_FALSE(profile.Read());
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::Unreadable);
+  Put("[S]\r\nk=w\r\n[T]\r\na=1\r\n");
+  EXPECT_TRUE(profile.WriteString(u"S", u"k", u"x"));
+  EXPECT_EQ(Content(), "[S]\r\nk=x\r\n[T]\r\na=1\r\n");
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::None);
+}
+
+TEST_F(ProfileFileTest, WhatItHasWrittenItselfWasThereToo) {
+  EXPECT_TRUE(profile.WriteString(u"S", u"k", u"x"));
+  (void)files.Remove(u"QUIBCRDS.INI");
+  EXPECT_FALSE(profile.WriteString(u"S", u"l", u"x"));
+}
+
+TEST_F(ProfileFileTest, LeavesUtf16Alone) {
+  for (const std::string& content :
+       {std::string("\xFF\xFE[\0S\0]\0", 8), std::string("\xFE\xFF\0[\0S\0]", 8),
+        std::string("\xFF\xFE"), std::string("\xFE\xFF")}) {
+    Put(content);
+    EXPECT_FALSE(profile.Read());
+    EXPECT_EQ(profile.Trouble(), ProfileTrouble::Utf16);
+    EXPECT_FALSE(profile.WriteString(u"S", u"k", u"x"));
+    EXPECT_EQ(Content(), content);
+  }
+}
+
+TEST_F(ProfileFileTest, TwoLettersThatLookLikeAMarkAreLetters) {
+  Put("\xFF\xFE\r\n[S]\r\nk=v\r\n");
+  EXPECT_EQ(Get(u"k"), u"v");
+}
+
+TEST_F(ProfileFileTest, RemembersWhatStandsInTheWay) {
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::None);
+  Put("[S]\r\nk=v\r\n");
+  files.failRead = FileStatus::PathAccess;
+  EXPECT_FALSE(profile.Read());
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::Unreadable);
+  files.failRead = FileStatus::Ok;
+  EXPECT_TRUE(profile.Read());
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::None);
+  files.failCommit = FileStatus::DiskFull;
+  EXPECT_FALSE(profile.WriteString(u"S", u"k", u"x"));
+  EXPECT_TRUE(profile.Read());
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::NotWritten) << "reading does not make it good";
+  files.failCommit = FileStatus::Ok;
+  EXPECT_TRUE(profile.WriteString(u"S", u"k", u"x"));
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::None);
+}
+
+/// Says once that the file is missing, as in the moment in which another program replaces it.
+class BlinkingFiles : public MemoryFiles {
+ public:
+  FileStatus Read(const Text& path, std::string& content) override {
+    if (std::exchange(blink, false)) return FileStatus::FileNotFound;
+    return MemoryFiles::Read(path, content);
+  }
+  bool blink = false;
+};
+
+TEST(ProfileFile, LooksAgainForAFileThatSeemsToBeMissing) {
+  BlinkingFiles files;
+  files.Put(u"QUIBCRDS.INI", "[S]\r\nk=v\r\n[T]\r\na=1\r\n");
+  ProfileFile profile(files, u"QUIBCRDS.INI");
+  files.blink = true;
+  EXPECT_TRUE(profile.WriteString(u"S", u"k", u"x")) << "the first thing that this run does";
+  EXPECT_EQ(files.Content(u"QUIBCRDS.INI"), "[S]\r\nk=x\r\n[T]\r\na=1\r\n");
+  files.blink = true;
+  EXPECT_EQ(profile.GetString(u"T", u"a", u"", 9), u"1");
 }
 
 TEST_F(ProfileFileTest, SaysWhenTheFileCannotBeReplaced) {

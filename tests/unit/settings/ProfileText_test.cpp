@@ -46,10 +46,14 @@ TEST(ProfileTextLines, EndAtLfWhereThereIsNoCrLf) {
   EXPECT_EQ(profile.Value(u"S", u"b"), u"2");
 }
 
-TEST(ProfileTextLines, EndAtCrLfOnlyWhereThereIsAny) {
-  const ProfileText profile(u"[S]\r\na=1\nb=2\rc=3\r\n");
-  EXPECT_EQ(profile.Value(u"S", u"a"), u"1\nb=2\rc=3");
-  EXPECT_EQ(profile.Value(u"S", u"b"), std::nullopt);
+TEST(ProfileTextLines, EndAtALoneBreakTooButForTheValueOfKeyAssignments) {
+  const ProfileText profile(u"[S]\r\na=1\nb=2\rc=3\n\n keys = 12E\n36N\r\r\nd=4\r\n");
+  EXPECT_EQ(profile.Value(u"S", u"a"), u"1");
+  EXPECT_EQ(profile.Value(u"S", u"b"), u"2");
+  EXPECT_EQ(profile.Value(u"S", u"c"), u"3");
+  EXPECT_EQ(profile.Value(u"S", u"KEYS"), u"12E\n36N\r");
+  EXPECT_EQ(profile.Value(u"S", u"d"), u"4");
+  EXPECT_EQ(profile.Content(), u"[S]\r\na=1\r\nb=2\r\nc=3\r\n\r\n keys = 12E\n36N\r\r\nd=4\r\n");
 }
 
 TEST(ProfileTextLines, KeepALoneCrWhereLfEndsThem) {
@@ -95,8 +99,9 @@ TEST(ProfileTextValue, IsWhatStandsBehindTheFirstEqualsSign) {
 TEST(ProfileTextValue, LosesBlanksAtTheRightEndButNoOtherControlCharacter) {
   for (const TextView end : {u"\t", u"\n", u"\v", u"\f", u"\r", u"\x1A"}) {
     const Text value = u"12E" + Text(end);
-    EXPECT_EQ(ValueOfLine(u"k=" + value), value);
-    EXPECT_EQ(ValueOfLine(u"k=" + value + u"   "), value);
+    for (const Text& line : {u"KEYS=" + value, u"KEYS=" + value + u"   "}) {
+      EXPECT_EQ(ProfileText(u"[S]\r\n" + line + u"\r\n").Value(u"S", u"KEYS"), value);
+    }
   }
 }
 
@@ -239,6 +244,16 @@ TEST(ProfileTextSetValue, CutsBlanksFromTheNamesItWrites) {
   EXPECT_EQ(AfterSetting(u"", u" a ] ", u"  k ", u"v"), u"[a ]]\r\nk=v\r\n");
 }
 
+TEST(ProfileTextSetValue, GivesAValueInQuotesASecondPair) {
+  EXPECT_EQ(AfterSetting(u"[S]\r\nk=1\r\n", u"S", u"k", u"\"a\""), u"[S]\r\nk=\"\"a\"\"\r\n");
+  for (const TextView value :
+       {u"\"a\"", u"'a'", u"\"\"", u"''", u"\"'a'\"", u"\"", u"'a\"", u"\"a"}) {
+    ProfileText profile(u"");
+    profile.SetValue(u"S", u"k", value);
+    EXPECT_EQ(profile.Value(u"S", u"k"), value);
+  }
+}
+
 TEST(ProfileTextSetValue, WritesTheValueRaw) {
   EXPECT_EQ(AfterSetting(u"[S]\r\nk=1\r\n", u"S", u"k", u" \"a\"\t\r "),
             u"[S]\r\nk= \"a\"\t\r \r\n");
@@ -258,7 +273,10 @@ TEST(ProfileTextSetValue, KeepsLoneLineBreakCharactersForTheNextReading) {
   for (int code = 1; code < 256; ++code) {
     if (code == ' ') continue;
     const Text value{u'3', u'2', u'K', static_cast<char16_t>(code)};
-    EXPECT_EQ(ValueIn(AfterSetting(u"", u"S", u"k", value + Text(116, u' '))), value) << code;
+    EXPECT_EQ(
+        ProfileText(AfterSetting(u"", u"S", u"KEYS", value + Text(116, u' '))).Value(u"S", u"KEYS"),
+        value)
+        << code;
   }
 }
 
