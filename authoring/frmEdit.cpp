@@ -373,12 +373,12 @@ void frmEdit::ShowFound() {
 void frmEdit::mnuTopic_Click() {
   CommitTexts();
   TopicList& topics = m_shared.Topics;
-  const int before = topics.CurrentTopic;
   if (!frmConfig::ShowToChange(m_shared, m_platform, this)) return;
   // Also where it is the selected topic already: the stack's own may be another.
   Stack().TopicIndex = topics.CurrentTopic;
-  if (topics.CurrentTopic == before) return;
+  if (HoldsCurrentTopic(topics, m_shared.Topic)) return;
   SelectTopic(topics, m_shared.Topic, m_platform.profile, topics.CurrentTopic);
+  emit TopicChanged();
   ShowCaption();
   ApplyFonts();
   m_keyMenus->Rebuild();

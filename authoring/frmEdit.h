@@ -26,6 +26,10 @@ class frmEdit : public Form {
   /// @param find  the find window, which outlives this one
   frmEdit(SharedState& shared, Platform& platform, QWidget* owner, frmFind& find);
 
+ signals:
+  /// Another topic is selected now.
+  void TopicChanged();
+
  protected:
   bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Activate() override;

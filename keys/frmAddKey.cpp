@@ -358,39 +358,6 @@ void frmAddKey::cmdCancel_Click() {
   sspKeyAss->HighlightRow(-1);
 }
 
-void frmAddKey::Form_Unload() {
-  if (m_newTopic) {
-    AskAndAddTopic();
-  } else if (m_editing.Changed()) {
-    AskAndSaveKeys();
-  }
-  SetPointer(PointerShape::Busy);  // the caller restores it
-}
-
-bool frmAddKey::SaveTopic(const KeyTable& keys) {
-  if (SaveTopicAndKeys(m_platform.profile, m_shared.Topics, TrimRight(m_topicName),
-                       m_shared.Topic.Fonts, keys)) {
-    return true;
-  }
-  m_platform.prompts.Show(TooManyTopicsPrompt());
-  return false;
-}
-
-void frmAddKey::AskAndSaveKeys() {
-  if (m_platform.prompts.Show(SaveKeysPrompt(m_topicName)) != Answer::Yes) return;
-  const KeyTable keys = m_editing.AcceptedKeys();
-  if (SaveTopic(keys)) m_shared.Topic.Keys = keys;
-}
-
-void frmAddKey::AskAndAddTopic() {
-  const Answer answer = m_platform.prompts.Show(AddTopicAndKeysPrompt(m_topicName));
-  // Who opened this window selects the new topic, and so reads its keys.
-  if (answer == Answer::Yes && SaveTopic(m_editing.AcceptedKeys())) {
-    LoadTopicList(m_shared.Topics, m_platform.profile);
-  }
-  m_shared.Switches.NewTopicName.clear();
-}
-
 void frmAddKey::ShowAction(Text caption) {
   m_caption = std::move(caption);
   cmdAction->setText(EscapeMnemonics(m_caption));

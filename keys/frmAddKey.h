@@ -25,6 +25,7 @@ class frmAddKey : public Form {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool Form_QueryUnload(UnloadCause cause) override;
   void Form_Unload() override;
 
  private:
@@ -51,9 +52,10 @@ class frmAddKey : public Form {
 
   void AddKeyAssignment();
   void DeleteKeyAssignment();
-  bool SaveTopic(const KeyTable& keys);
-  void AskAndSaveKeys();
-  void AskAndAddTopic();
+  /// Each asks, saves after a Yes, and returns whether the window may close.
+  bool AskAndSaveKeys();
+  bool AskAndAddTopic();
+  TopicSave SaveKeys(const KeyTable& keys);
 
   bool FilterKeystrokeBox(QEvent* event);
   void ShowAction(Text caption);

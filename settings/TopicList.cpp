@@ -31,13 +31,23 @@ Text TopicList::Name(int index) const {
   return name.empty() ? Text(DefaultTopicName) : name;
 }
 
+int FollowTopic(const TopicList& before, int index, const TopicList& now) {
+  if (!before.IsTopic(index)) return index;
+  const Text& name = before.Names[static_cast<std::size_t>(index)];
+  if (now.Names[static_cast<std::size_t>(index)] == name) return index;
+  return std::max(FindTopic(now, name), 0);
+}
+
 void ReadTopicNames(TopicList& topics, const ProfileText& profile) {
+  const TopicList before = topics;
   topics.TopicCount = -1;
   for (int i = 0; i <= MaxTopics; ++i) {
     Text& name = topics.Names[static_cast<std::size_t>(i)];
-    name = TrimRight(StringIn(profile, TopicsSection, NumberText(i), u"", MaxTopicName));
+    const Text value = profile.Value(TopicsSection, NumberText(i)).value_or(u"");
+    name = TrimRight(CutText(FirstLine(value), MaxTopicName));
     if (!name.empty()) topics.TopicCount = i;
   }
+  topics.CurrentTopic = FollowTopic(before, before.CurrentTopic, topics);
 }
 
 void LoadTopicList(TopicList& topics, const ProfileFile& profile) {
@@ -50,41 +60,71 @@ int DefaultTopic(const TopicList& topics, const ProfileFile& profile) {
 
 int FindTopic(const TopicList& topics, TextView name) {
   const TextView wanted = TrimRight(name);
+  if (topics.TopicCount < 0 && wanted == DefaultTopicName) return 0;
   for (int i = 0; i <= topics.TopicCount; ++i) {
     if (topics.IsTopic(i) && topics.Name(i) == wanted) return i;
   }
   return -1;
 }
 
-Text CleanTopicName(TextView name) {
+Text WithoutSectionMarks(TextView name) {
   Text clean(name);
   std::erase_if(clean, [](char16_t unit) {
     const bool control = unit < u' ' || (unit >= 0x7F && unit < 0xA0);
     return control || unit == u'[' || unit == u']';
   });
-  return Text(TrimBlanks(CutText(TrimBlanks(clean), MaxTopicName)));
+  return Text(TrimBlanks(clean));
+}
+
+Text CleanTopicName(TextView name) {
+  return Text(TrimRight(CutText(WithoutSectionMarks(name), MaxTopicName)));
 }
 
 bool IsTakenTopicName(const TopicList& topics, TextView name) {
   return FindTopic(topics, name) >= 0 || EqualIgnoringCase(name, TopicsSection);
 }
 
-void DeleteTopic(TopicList& topics, ProfileFile& profile, int index) {
-  if (index < 0 || index > topics.TopicCount) return;
+int TopicSharingSection(const TopicList& topics, TextView name) {
+  for (int i = 0; i <= topics.TopicCount; ++i) {
+    const Text& other = topics.Names[static_cast<std::size_t>(i)];
+    if (!other.empty() && EqualIgnoringCase(SectionName(other), name)) return i;
+  }
+  return -1;
+}
+
+TopicDeletion DeleteTopic(TopicList& topics, ProfileFile& profile, int index) {
+  TopicDeletion deletion{.found = topics};
+  if (index < 0 || index > topics.TopicCount) return deletion;
   const Text name = topics.Names[static_cast<std::size_t>(index)];
-  profile.Change([&](ProfileText& text) {
-    TopicList now;
+  TopicList left;
+  deletion.written = profile.Change([&](ProfileText& text) {
+    TopicList& now = deletion.found;
     ReadTopicNames(now, text);
     const bool isThere = now.Names[static_cast<std::size_t>(index)] == name;
-    const int place = isThere ? index : FindTopic(now, name);
-    if (place < 0) return;
-    if (HasOwnSection(now, place)) text.RemoveSection(name);
-    for (int j = place; j < now.TopicCount; ++j) {
-      text.SetValue(TopicsSection, NumberText(j), now.Names[static_cast<std::size_t>(j) + 1]);
+    deletion.number = isThere && index <= now.TopicCount ? index : FindTopic(now, name);
+    const int place = deletion.number;
+    if (place >= 0) {
+      if (HasOwnSection(now, place)) text.RemoveSection(name);
+      for (int j = place; j < now.TopicCount; ++j) {
+        text.SetValue(TopicsSection, NumberText(j), now.Names[static_cast<std::size_t>(j) + 1]);
+      }
+      text.RemoveKey(TopicsSection, NumberText(now.TopicCount));
     }
-    text.RemoveKey(TopicsSection, NumberText(now.TopicCount));
+    ReadTopicNames(left, text);
   });
-  LoadTopicList(topics, profile);
+  if (!deletion.written) {
+    deletion.number = -1;
+    LoadTopicList(topics, profile);
+    deletion.found = topics;
+    return deletion;
+  }
+  topics = left;
+  topics.CurrentTopic = deletion.found.CurrentTopic;
+  if (deletion.number >= 0 && topics.CurrentTopic >= deletion.number) {
+    topics.CurrentTopic =
+        topics.CurrentTopic == deletion.number ? 0 : static_cast<int>(topics.CurrentTopic) - 1;
+  }
+  return deletion;
 }
 
 Int16 ResolveFileTopic(const Text& name, TopicList& topics, Prompts& prompts, const AddTopic& add) {
@@ -103,9 +143,9 @@ Int16 ResolveFileTopic(const Text& name, TopicList& topics, Prompts& prompts, co
     prompts.Show(TooManyTopicsPrompt());
     return 0;
   }
-  const Int16 current = topics.CurrentTopic;
+  const TopicList before = topics;
   add(Text(TrimRight(name)));
-  topics.CurrentTopic = current;
+  topics.CurrentTopic = FollowTopic(before, before.CurrentTopic, topics);
   return std::max<int>(topics.TopicCount, 0);
 }
 

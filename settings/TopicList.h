@@ -31,7 +31,11 @@ struct TopicList {
   Text Name(int index) const;
 };
 
-/// Takes the names 0..10; a gap does not end the list. CurrentTopic stays.
+/// The number in `now` of the topic that has the number `index` in `before`: found by its name, 0
+/// when it is gone. A number that names no topic stays as it is.
+int FollowTopic(const TopicList& before, int index, const TopicList& now);
+
+/// Takes the names 0..10; a gap does not end the list. CurrentTopic follows the name of its topic.
 void ReadTopicNames(TopicList& topics, const ProfileText& profile);
 
 /// Reads the names from the file. The list stays as it is while the file cannot be read: topics
@@ -42,21 +46,36 @@ void LoadTopicList(TopicList& topics, const ProfileFile& profile);
 int DefaultTopic(const TopicList& topics, const ProfileFile& profile);
 
 /// The number of the topic with this name (blanks at its right end ignored, letter case not), or
-/// -1.
+/// -1. Where there is no topic at all, "General" is topic 0.
 int FindTopic(const TopicList& topics, TextView name);
 
-/// A proposed or typed name as it can be stored: brackets and control characters, which would break
-/// the line of its section, left out; blanks at both ends cut; at most MaxTopicName characters.
+/// A name without brackets and control characters, which would break the line of its section, and
+/// without blanks at both ends.
+Text WithoutSectionMarks(TextView name);
+
+/// A proposed or typed name as it can be stored: WithoutSectionMarks, and at most MaxTopicName
+/// characters.
 Text CleanTopicName(TextView name);
 
 /// True for a name that no new topic may have: one that exists, or that of the topic list's own
 /// section (letter case ignored), which a deletion would take with it.
 bool IsTakenTopicName(const TopicList& topics, TextView name);
 
-/// Deletes a topic with its section, wherever in the list another program has put it meanwhile; one
-/// that is gone already stays gone. The later ones close up, keeping their order. CurrentTopic and
-/// the topic numbers of stacks are the caller's affair.
-void DeleteTopic(TopicList& topics, ProfileFile& profile, int index);
+/// The number of a topic with which a new one of this name would share its section, because the
+/// names differ in letter case only; -1 when there is none.
+int TopicSharingSection(const TopicList& topics, TextView name);
+
+struct TopicDeletion {
+  bool written = false;  ///< false: nothing was deleted, and `topics` is as the file is
+  TopicList found;       ///< the list as it was in the file just before
+  int number = -1;       ///< of the deleted topic in `found`; -1 when it was gone already
+};
+
+/// Deletes topic `index` with its section, wherever in the list another program has put it
+/// meanwhile; one that is gone already stays gone. The later ones close up, keeping their order.
+/// CurrentTopic stays with its topic, or becomes 0 with the deleted one. The topic numbers of
+/// stacks are the caller's affair.
+TopicDeletion DeleteTopic(TopicList& topics, ProfileFile& profile, int index);
 
 /// Opens the topic dialog with a proposed name; adds to the list, or not.
 using AddTopic = std::function<void(const Text& name)>;

@@ -29,7 +29,7 @@ bool IsMissing(const ProfileText& profile, TextView topicName, TextView key) {
 /// The value, or the default where it is missing.
 Text FontValue(const ProfileText& profile, TextView topicName, TextView key, std::size_t longest) {
   if (IsMissing(profile, topicName, key)) return DefaultOf(key);
-  return StringIn(profile, topicName, key, u"", longest);
+  return Text(FirstLine(StringIn(profile, topicName, key, u"", longest)));
 }
 
 float FontSize(const ProfileText& profile, TextView topicName, TextView key) {
@@ -45,8 +45,12 @@ void SetFonts(ProfileText& profile, TextView topicName, const TopicFonts& fonts)
   profile.SetValue(topicName, BackSizeKey, NumberText(fonts.BackSize));
 }
 
-bool IsNew(const ProfileText& profile) {
-  return IntegerIn(profile, TopicsSection, DefaultTopicKey, -1) == -1;
+bool IsNew(const ProfileText& profile) { return !profile.Value(TopicsSection, DefaultTopicKey); }
+
+void MakeNew(ProfileText& profile) {
+  profile.SetValue(TopicsSection, DefaultTopicKey, u"0");
+  profile.SetValue(TopicsSection, u"0", DefaultTopicName);
+  SetFonts(profile, DefaultTopicName, TopicFonts());
 }
 
 /// Adds what is missing. Looks again at the file as it is by then: a value that could not be read
@@ -65,10 +69,7 @@ void InitSettings(ProfileFile& profile) {
   const std::optional<ProfileText> text = profile.Read();
   if (!text || !IsNew(*text)) return;
   profile.Change([](ProfileText& file) {
-    if (!IsNew(file)) return;  // another program was faster
-    file.SetValue(TopicsSection, DefaultTopicKey, u"0");
-    file.SetValue(TopicsSection, u"0", DefaultTopicName);
-    SetFonts(file, DefaultTopicName, TopicFonts());
+    if (IsNew(file)) MakeNew(file);  // unless another program was faster
   });
 }
 
@@ -84,34 +85,45 @@ TopicSettings LoadTopicSettings(ProfileFile& profile, TextView topicName) {
   const bool isComplete = std::none_of(FontKeys.begin(), FontKeys.end(), [&](TextView key) {
     return IsMissing(text, topicName, key);
   });
+  if (read) settings.TopicName = topicName;
   if (read && !isComplete) WriteMissing(profile, topicName);
   return settings;
 }
 
-void SaveTopicFonts(ProfileFile& profile, TextView topicName, const TopicFonts& fonts) {
-  profile.Change([&](ProfileText& text) { SetFonts(text, topicName, fonts); });
+bool SaveTopicFonts(ProfileFile& profile, TextView topicName, const TopicFonts& fonts) {
+  return profile.Change([&](ProfileText& text) { SetFonts(text, topicName, fonts); });
 }
 
-bool SaveTopicAndKeys(ProfileFile& profile, TopicList& topics, TextView topicName,
-                      const TopicFonts& fonts, const KeyTable& keys) {
-  const TopicList before = topics;
+TopicSave SaveTopicAndKeys(ProfileFile& profile, TopicList& topics, TextView topicName,
+                           const TopicFonts& fonts, const KeyTable& keys) {
+  TopicList now = topics;
   bool hasRoom = true;
   const bool written = profile.Change([&](ProfileText& text) {
-    // Another program may have added topics since: their numbers are taken.
-    if (FindTopic(topics, topicName) < 0) ReadTopicNames(topics, text);
-    if (FindTopic(topics, topicName) < 0) {
-      hasRoom = topics.TopicCount < MaxTopics;
+    // Another program may have added topics since, whose numbers are taken, or the file may have
+    // been made anew.
+    if (IsNew(text)) MakeNew(text);
+    ReadTopicNames(now, text);
+    if (FindTopic(now, topicName) < 0) {
+      hasRoom = now.TopicCount < MaxTopics;
       if (!hasRoom) return;
-      ++topics.TopicCount;
-      topics.CurrentTopic = topics.TopicCount;
-      topics.Names[static_cast<std::size_t>(topics.TopicCount)] = topicName;
-      text.SetValue(TopicsSection, NumberText(topics.TopicCount), topicName);
+      ++now.TopicCount;
+      now.CurrentTopic = now.TopicCount;
+      now.Names[static_cast<std::size_t>(now.TopicCount)] = topicName;
+      text.SetValue(TopicsSection, NumberText(now.TopicCount), topicName);
       SetFonts(text, topicName, fonts);
     }
     text.SetValue(topicName, KeysKey, KeysText(keys));
   });
-  if (!written) topics = before;  // no topic of the file, so none of ours
-  return hasRoom;
+  if (!written) {
+    LoadTopicList(topics, profile);
+    return TopicSave::NotWritten;
+  }
+  topics = now;
+  return hasRoom ? TopicSave::Saved : TopicSave::NoRoom;
+}
+
+bool HoldsCurrentTopic(const TopicList& topics, const TopicSettings& settings) {
+  return settings.TopicName == (topics.TopicCount < 0 ? Text() : topics.Name(topics.CurrentTopic));
 }
 
 void SelectTopic(TopicList& topics, TopicSettings& settings, ProfileFile& profile, int index) {

@@ -23,23 +23,34 @@ struct TopicFonts {
 struct TopicSettings {
   TopicFonts Fonts;
   KeyTable Keys;
+  Text TopicName;  ///< whose these are; empty where they are the defaults for want of settings
 };
 
 /// Makes a new settings file: topic 0 "General" with the default fonts. Does nothing when the file
-/// holds a default topic.
+/// holds a DEFAULT key, whatever its value.
 void InitSettings(ProfileFile& profile);
 
 /// Reads a topic's section. A font or size that is missing or empty is written back as the default;
 /// a size that is no positive number is read as the default and left in the file.
 TopicSettings LoadTopicSettings(ProfileFile& profile, TextView topicName);
 
-void SaveTopicFonts(ProfileFile& profile, TextView topicName, const TopicFonts& fonts);
+/// @return false when they could not be written
+bool SaveTopicFonts(ProfileFile& profile, TextView topicName, const TopicFonts& fonts);
 
-/// Writes a topic's key assignments. A topic that does not exist yet is added behind the others
-/// with `fonts` and becomes the current one; `topics` stays where the file cannot be written.
-/// @return false when there is no number left for another topic; then nothing is written.
-bool SaveTopicAndKeys(ProfileFile& profile, TopicList& topics, TextView topicName,
-                      const TopicFonts& fonts, const KeyTable& keys);
+enum class TopicSave {
+  Saved,
+  NoRoom,     ///< no number is left for another topic; nothing is written
+  NotWritten  ///< the file could not be written
+};
+
+/// Writes a topic's key assignments. A topic that is not in the file yet, or no more, is added
+/// behind the others with `fonts` and becomes the current one. Afterwards `topics` is as the file
+/// is, whether it was written or not.
+TopicSave SaveTopicAndKeys(ProfileFile& profile, TopicList& topics, TextView topicName,
+                           const TopicFonts& fonts, const KeyTable& keys);
+
+/// True when `settings` are those of the current topic, so that they need not be read again.
+bool HoldsCurrentTopic(const TopicList& topics, const TopicSettings& settings);
 
 /// Makes topic `index` the current one (topic 0 when it names none) and reads its settings. Without
 /// any topic the settings are the defaults, and nothing is written.

@@ -5,7 +5,8 @@
 #include "keys/frmAddKey.h"
 #include "printing/frmPrint.h"
 #include "shell/Pointer.h"
-#include "shell/TopicRemoval.h"
+#include "shell/SettingsNotice.h"
+#include "shell/StackTopics.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -47,7 +48,10 @@ class TopicSwitches {
 void frmConfig::ShowToAdd(SharedState& shared, Platform& platform, QWidget* owner,
                           const Text& proposedName) {
   const TopicSwitches adding(shared.Switches, true, false, proposedName);
+  const TopicSettings before = shared.Topic;
   frmConfig(shared, platform, owner).ShowModal();
+  // The new topic's fonts were chosen in the place of the selected one's.
+  shared.Topic = before;
 }
 
 bool frmConfig::ShowToChange(SharedState& shared, Platform& platform, QWidget* owner) {
@@ -68,6 +72,10 @@ TopicCheck frmConfig::FileTopicCheck(SharedState& shared, Platform& platform, QW
     const AddTopic add = [&](const Text& proposed) {
       ShowToAdd(shared, platform, owner, proposed);
     };
+    // Another program may have added it.
+    if (FindTopic(shared.Topics, name) < 0) {
+      ReloadTopics(shared.Stacks, shared.Topics, platform.profile);
+    }
     return ResolveFileTopic(name, shared.Topics, platform.prompts, add);
   };
 }
@@ -88,6 +96,8 @@ frmConfig::frmConfig(SharedState& shared, Platform& platform, QWidget* owner,
   connect(lstTopic, &QListWidget::itemSelectionChanged, this, &frmConfig::lstTopic_Click);
   connect(lstTopic, &QListWidget::itemClicked, this, &frmConfig::lstTopic_Click);
   connect(txtTopic, &QLineEdit::textChanged, this, [this] { cmdAction->setEnabled(true); });
+  // Enter takes a proposed name as it stands.
+  connect(txtTopic, &QLineEdit::returnPressed, this, [this] { cmdAction->setEnabled(true); });
   connect(cmdAction, &QPushButton::clicked, this, &frmConfig::cmdAction_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &frmConfig::cmdCancel_Click);
   SetCancelButton(cmdCancel);
@@ -124,33 +134,47 @@ void frmConfig::Form_Load() {
   txtTopic->setVisible(switches.NewTopicMode);
   if (switches.NewTopicMode) {
     setWindowTitle(QStringLiteral("Add Topic"));
-    txtTopic->setText(ToQString(CleanTopicName(switches.NewTopicName)));
+    txtTopic->setText(ToQString(WithoutSectionMarks(switches.NewTopicName)));
     cmdCancel->setText(QStringLiteral("Ca&ncel"));
     cmdAction->setText(QStringLiteral("&Continue"));
     SetOkButton(cmdAction);
   } else if (switches.ChangeTopicMode) {
     setWindowTitle(QStringLiteral("Change Topic"));
-    FillList(FirstListed());
     cmdCancel->setText(QStringLiteral("Ca&ncel"));
     cmdAction->setText(QStringLiteral("&Change"));
   } else {
     setWindowTitle(QStringLiteral("Delete Topic"));
-    FillList(FirstListed());
     cmdCancel->setText(QStringLiteral("Do&ne"));
     cmdAction->setText(QStringLiteral("&Delete"));
   }
-  // A proposed name can be continued with at once; an entry must be chosen first.
-  cmdAction->setEnabled(!txtTopic->text().isEmpty());
+  RefreshList();
+  cmdAction->setEnabled(false);
 }
+
+void frmConfig::Form_Activate() { RefreshList(); }  // another program may have changed the topics
 
 void frmConfig::Form_Unload() { SetPointer(PointerShape::Busy); }  // the caller restores it
 
-void frmConfig::FillList(int first) {
-  lstTopic->clear();
-  for (int i = first; i <= m_shared.Topics.TopicCount; ++i) {
+QStringList frmConfig::TopicNames() const {
+  QStringList names;
+  for (int i = FirstListed(); i <= m_shared.Topics.TopicCount; ++i) {
     // A number without a topic keeps its place, so that places stay numbers.
-    lstTopic->addItem(ToQString(m_shared.Topics.IsTopic(i) ? m_shared.Topics.Name(i) : Text()));
+    names << ToQString(m_shared.Topics.IsTopic(i) ? m_shared.Topics.Name(i) : Text());
   }
+  return names;
+}
+
+void frmConfig::RefreshList() {
+  ReloadTopics(m_shared.Stacks, m_shared.Topics, m_platform.profile);
+  ShowSettingsTrouble(*this, m_platform.profile);
+  if (m_shared.Switches.NewTopicMode || TopicNames() == m_listed) return;
+  const Text chosen = ChosenName();
+  m_listed = TopicNames();
+  lstTopic->clear();
+  lstTopic->addItems(m_listed);
+  const qsizetype row = chosen.empty() ? -1 : m_listed.indexOf(ToQString(chosen));
+  if (row >= 0) lstTopic->setCurrentRow(static_cast<int>(row));
+  lstTopic_Click();
 }
 
 int frmConfig::ChosenRow() const {
@@ -158,28 +182,28 @@ int frmConfig::ChosenRow() const {
   return chosen.isEmpty() ? -1 : lstTopic->row(chosen.first());
 }
 
+Text frmConfig::ChosenName() const {
+  const int row = ChosenRow();
+  return row < 0 ? Text() : ToText(m_listed.at(row));
+}
+
 void frmConfig::lstTopic_Click() { cmdAction->setEnabled(ChosenRow() >= 0); }
 
 void frmConfig::cmdAction_Click() {
   WindowSwitches& switches = m_shared.Switches;
-  const int row = ChosenRow();
-  if (switches.NewTopicMode) {
-    switches.NewTopicName = CleanTopicName(FirstLine(ToText(txtTopic->text())));
-  } else {
-    const int topic = row + FirstListed();
-    switches.NewTopicName =
-        row >= 0 && m_shared.Topics.IsTopic(topic) ? m_shared.Topics.Name(topic) : Text();
-  }
+  switches.NewTopicName =
+      switches.NewTopicMode ? CleanTopicName(FirstLine(ToText(txtTopic->text()))) : ChosenName();
+  RefreshList();  // one that another program has deleted is chosen no more
   if (switches.NewTopicName.empty()) {
     cmdAction->setEnabled(false);
   } else if (switches.NewTopicMode) {
     AddNewTopic(switches.NewTopicName);
-  } else if (switches.ChangeTopicMode) {
-    m_shared.Topics.CurrentTopic = row;
+  } else if (ChosenRow() >= 0 && switches.ChangeTopicMode) {
+    m_shared.Topics.CurrentTopic = ChosenRow();
     m_chosen = true;
     Unload();
-  } else {
-    DeleteListedTopic(row);
+  } else if (ChosenRow() >= 0) {
+    AskAndDeleteTopic(ChosenRow() + FirstListed());
   }
 }
 
@@ -191,6 +215,7 @@ void frmConfig::AddNewTopic(const Text& name) {
     txtTopic->setFocus();
     return;
   }
+  if (!MayShareSection(name)) return;
   SetPointer(PointerShape::Busy);
   m_shared.Switches.PrintMode = false;
   frmPrint(m_shared, m_platform, this).ShowModal();
@@ -198,18 +223,33 @@ void frmConfig::AddNewTopic(const Text& name) {
   Unload();
 }
 
-void frmConfig::DeleteListedTopic(int row) {
-  const int topic = row + FirstListed();
-  const Text name = m_shared.Topics.Name(topic);
+bool frmConfig::MayShareSection(const Text& name) {
+  const int other = TopicSharingSection(m_shared.Topics, name);
+  if (other < 0) return true;
+  const Text question = name + u" and " + m_shared.Topics.Name(other) +
+                        u" would share their fonts and keys, and those of " +
+                        m_shared.Topics.Name(other) + u" would be replaced.\r\nAdd it?";
+  const Answer answer = m_platform.prompts.Show(
+      {.text = question, .icon = PromptIcon::Exclamation, .buttons = PromptButtons::YesNo});
+  if (answer != Answer::Yes) txtTopic->setFocus();
+  return answer == Answer::Yes;
+}
+
+void frmConfig::AskAndDeleteTopic(int topic) {
+  const TopicList shown = m_shared.Topics;
+  const Text name = shown.Name(topic);
   const Answer answer = m_platform.prompts.Show({.text = u"Delete " + name + u" and its keys?",
                                                  .icon = PromptIcon::Question,
                                                  .buttons = PromptButtons::YesNo});
   if (answer != Answer::Yes) return;
   const BusyPointer busy;
-  delete lstTopic->takeItem(row);
-  DeleteTopic(m_shared.Topics, m_platform.profile, topic);
-  if (m_closeStudyWindows) m_closeStudyWindows(name);
-  ForgetTopic(m_shared.Stacks, m_shared.Topics, topic);
+  // The list may have been read anew while the question was on the screen.
+  const int number = FollowTopic(shown, topic, m_shared.Topics);
+  const bool isThere = m_shared.Topics.Name(number) == name;
+  const bool deleted =
+      !isThere || RemoveTopic(m_shared.Stacks, m_shared.Topics, m_platform.profile, number);
+  if (deleted && m_closeStudyWindows) m_closeStudyWindows(name);
   lstTopic->clearSelection();
-  cmdAction->setEnabled(false);
+  RefreshList();
+  lstTopic_Click();
 }

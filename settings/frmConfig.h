@@ -3,6 +3,8 @@
 #include "cards/StackReader.h"
 #include "shell/Form.h"
 
+#include <QStringList>
+
 #include <functional>
 
 class QLineEdit;
@@ -36,24 +38,31 @@ class frmConfig : public Form {
             CloseStudyWindows closeStudyWindows = {});
 
  protected:
+  void Form_Activate() override;
   void Form_Unload() override;
 
  private:
   void LayOut();
   void Form_Load();
-  void FillList(int first);
+  QStringList TopicNames() const;
+  /// Reads the topics anew and shows them. The chosen one stays chosen, by its name.
+  void RefreshList();
   /// The chosen entry of the list, -1 for none. The entry that only has the focus is not chosen.
   int ChosenRow() const;
+  Text ChosenName() const;
   int FirstListed() const { return m_shared.Switches.ChangeTopicMode ? 0 : 1; }
 
   void lstTopic_Click();
   void cmdAction_Click();
   void cmdCancel_Click() { Unload(); }
   void AddNewTopic(const Text& name);
-  void DeleteListedTopic(int row);
+  /// Asks about a name that differs from a topic's in letter case only.
+  bool MayShareSection(const Text& name);
+  void AskAndDeleteTopic(int topic);
 
   CloseStudyWindows m_closeStudyWindows;
   bool m_chosen = false;
+  QStringList m_listed;
   QListWidget* lstTopic;
   QLineEdit* txtTopic;
   QPushButton* cmdAction;

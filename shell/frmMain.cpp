@@ -7,13 +7,12 @@
 #include "base/Version.h"
 #include "cards/StackFileOperations.h"
 #include "cards/frmLoad.h"
-#include "keys/frmAddKey.h"
 #include "printing/frmPrint.h"
-#include "settings/DisplayFont.h"
 #include "settings/frmConfig.h"
 #include "shell/CommandLine.h"
 #include "shell/Icons.h"
 #include "shell/Pointer.h"
+#include "shell/SettingsNotice.h"
 #include "shell/frmAboutBox.h"
 #include "study/frmStepper.h"
 #include "study/frmTime.h"
@@ -154,23 +153,6 @@ void frmMain::MakeRunMenu() {
   }
 }
 
-void frmMain::MakeTopicMenu() {
-  mnuTopics = AddMenu(m_menuBar, QStringLiteral("mnuTopics"), QStringLiteral("&Topic"));
-  m_topicSeparator = mnuTopics->addSeparator();
-  mnuAddTopic = AddItem(mnuTopics, QStringLiteral("mnuAddTopic"), QStringLiteral("&Add Topic..."));
-  mnuChangeTopic =
-      AddItem(mnuTopics, QStringLiteral("mnuChangeTopic"), QStringLiteral("&Change Keys..."));
-  mnuDeleteTopic =
-      AddItem(mnuTopics, QStringLiteral("mnuDeleteTopic"), QStringLiteral("&Delete Topic..."));
-  connect(mnuAddTopic, &QAction::triggered, this, &frmMain::mnuAddTopic_Click);
-  connect(mnuChangeTopic, &QAction::triggered, this, &frmMain::mnuChangeTopic_Click);
-  connect(mnuDeleteTopic, &QAction::triggered, this, &frmMain::mnuDeleteTopic_Click);
-  mnuTopics->addSeparator();
-  mnuChangeFont = AddItem(mnuTopics, QStringLiteral("mnuChangeFont"),
-                          QStringLiteral("Change Display &Font..."));
-  connect(mnuChangeFont, &QAction::triggered, this, &frmMain::mnuChangeFont_Click);
-}
-
 void frmMain::MakeHelpMenu() {
   QMenu* const menu = AddMenu(m_menuBar, QStringLiteral("mnuHelp"), QStringLiteral("&Help"));
   const auto add = [&](const QString& name, const QString& caption, HelpContext context) {
@@ -291,35 +273,9 @@ void frmMain::FillStacks() {
   }
 }
 
-void frmMain::FillTopics() {
-  for (QAction* const item : mnuTopicName) delete item;
-  mnuTopicName.clear();
-  for (int i = 0; i <= m_shared.Topics.TopicCount; ++i) {
-    if (!m_shared.Topics.IsTopic(i)) continue;
-    auto* const item = new QAction(EscapeMnemonics(m_shared.Topics.Name(i)), m_topicGroup);
-    item->setObjectName(QStringLiteral("mnuTopicName(%1)").arg(i));
-    item->setCheckable(true);
-    item->setData(i);
-    mnuTopics->insertAction(m_topicSeparator, item);
-    item->setChecked(i == m_shared.Topics.CurrentTopic);
-    mnuTopicName.push_back(item);
-    connect(item, &QAction::triggered, this, [this, i] { mnuTopicName_Click(i); });
-  }
-}
-
 void frmMain::SelectStack(int index) {
   cboStacks->setCurrentIndex(index);
   cboStacks_Click(index);
-}
-
-void frmMain::ShowFonts() {
-  const auto show = [](QLabel* panel, const Text& name, float size) {
-    panel->setFont(DisplayFont(name, size));
-    panel->setText(ToQString(name + u", " + NumberText(size)));
-  };
-  const TopicFonts& fonts = m_shared.Topic.Fonts;
-  show(sspFrontFont, fonts.FrontFont, fonts.FrontSize);
-  show(sspBackFont, fonts.BackFont, fonts.BackSize);
 }
 
 void frmMain::ShowStackInfo() {
@@ -345,6 +301,7 @@ void frmMain::EnableCommands() {
   }
   mnuChangeTopic->setEnabled(m_shared.Topics.CurrentTopic != 0);
   ShowStackInfo();
+  ShowSettingsTrouble(*this, m_platform.profile);
 }
 
 void frmMain::Form_Activate() {
@@ -408,21 +365,6 @@ void frmMain::mnuRunItem_Click(int index) {
   if (m_shared.Timer.TimerSettingsConfirmed) m_studyWindows.Open();
 }
 
-void frmMain::mnuTopicName_Click(int index) {
-  SelectTopic(m_shared.Topics, m_shared.Topic, m_platform.profile, index);
-  for (QAction* const item : mnuTopicName) {
-    item->setChecked(item->data().toInt() == m_shared.Topics.CurrentTopic);
-  }
-  ShowFonts();
-  EnableCommands();
-}
-
-void frmMain::RefreshTopics() {
-  LoadTopicList(m_shared.Topics, m_platform.profile);
-  FillTopics();
-  mnuTopicName_Click(m_shared.Topics.CurrentTopic);
-}
-
 void frmMain::mnuCreate_Click() {
   const BusyPointer busy;
   const int before = m_shared.Stacks.StackCount;
@@ -439,7 +381,9 @@ void frmMain::mnuEdit_Click() {
   const BusyPointer busy;
   if (m_find == nullptr) m_find = new frmFind(m_shared, m_platform, this);
   const int index = m_shared.Stacks.CurrentStack;
-  frmEdit(m_shared, m_platform, this, *m_find).ShowModal();
+  frmEdit window(m_shared, m_platform, this, *m_find);
+  connect(&window, &frmEdit::TopicChanged, this, &frmMain::ShowTopics);
+  window.ShowModal();
   cboStacks->setItemText(index, ToQString(TrimRight(m_shared.Stacks.At(index).StackName)));
   RefreshTopics();
 }
@@ -449,39 +393,6 @@ void frmMain::mnuPrint_Click() {
   m_shared.Switches.PrintMode = true;
   frmPrint(m_shared, m_platform, this).ShowModal();
   m_shared.Switches.PrintMode = false;
-}
-
-void frmMain::mnuChangeFont_Click() {
-  const BusyPointer busy;
-  m_shared.Switches.PrintMode = false;
-  m_shared.Switches.NewTopicName.clear();
-  frmPrint(m_shared, m_platform, this).ShowModal();
-  ShowFonts();
-}
-
-void frmMain::mnuAddTopic_Click() {
-  if (m_shared.Topics.TopicCount >= MaxTopics) {
-    m_platform.prompts.Show(TooManyTopicsPrompt());
-    return;
-  }
-  frmConfig::ShowToAdd(m_shared, m_platform, this, Text());
-  RefreshTopics();
-}
-
-void frmMain::mnuChangeTopic_Click() {
-  const BusyPointer busy;
-  frmAddKey(m_shared, m_platform, this).ShowModal();
-}
-
-void frmMain::mnuDeleteTopic_Click() {
-  if (m_shared.Topics.TopicCount < 1) {
-    m_platform.prompts.Show({.text = u"Nothing to Delete.", .icon = PromptIcon::Information});
-    return;
-  }
-  frmConfig::ShowToDelete(m_shared, m_platform, this, [this](const Text& topicName) {
-    m_studyWindows.TopicDeleted(topicName);
-  });
-  RefreshTopics();
 }
 
 void frmMain::mnuAbout_Click() {

@@ -71,8 +71,10 @@ class frmMain : public Form {
   void mnuAddTopic_Click();
   void mnuChangeTopic_Click();
   void mnuDeleteTopic_Click();
-  /// Reads the topics anew and selects the current one as by its menu item.
+  /// Reads the list of topics anew; the selected one stays, and is read where it is another now.
   void RefreshTopics();
+  /// Shows the topics and the selected one's fonts as they are in memory.
+  void ShowTopics();
   void mnuAbout_Click();
   void mnuQuit_Click() { Unload(); }
 

@@ -111,6 +111,8 @@ std::string FaultWorld::Memory() const {
                        std::to_string(stacks.CurrentStack) + "|" +
                        (stacks.StackFileNumber != nullptr ? "open" : "closed") + "\n";
   for (const CardStack& stack : stacks.StackList) memory += LinesOf(stack);
+  memory += "topic " + std::to_string(topics.CurrentTopic) + " of ";
+  for (const Text& name : topics.Names) memory += ToUtf8(name) + "|";
   for (int card = 1; editor && card <= MaxCards; ++card)
     memory += editor->IsMarked(card) ? '1' : '0';
   return memory;

@@ -43,7 +43,7 @@ class FaultWorld {
   /// The contents of the temporary files that lie about.
   std::vector<std::string> Temporaries() const;
 
-  /// The stacks in memory and what is selected, as a text.
+  /// The stacks and topics in memory and what is selected, as a text.
   std::string Memory() const;
 
   FileStatus Load(const std::string& name);

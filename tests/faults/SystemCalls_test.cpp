@@ -1,4 +1,5 @@
 #include "cards/StackFileOperations.h"
+#include "shell/StackTopics.h"
 #include "tests/faults/Scenario.h"
 
 #include <gtest/gtest.h>
@@ -37,6 +38,18 @@ FileStatus WriteParts(FaultWorld& world) {
                                    {world.PathOf("cards/part-3.QBC"), "new 3"}});
   EXPECT_TRUE(result.notUndone.empty());
   return result.status;
+}
+
+/// A stack of each topic; the last topic is selected.
+void PutStacksOfTopics(FaultWorld& world) {
+  PutSettings(world);
+  for (int topic = 0; topic < 3; ++topic) world.stacks.Append().TopicIndex = topic;
+  world.topics.CurrentTopic = 2;
+}
+
+FileStatus SaveTopicOf(FaultWorld& world, TextView name) {
+  return StatusOf(SaveTopic(world.stacks, world.topics, world.profile, name, {}, {}) ==
+                  TopicSave::Saved);
 }
 
 const Scenario Scenarios[] = {
@@ -179,19 +192,19 @@ const Scenario Scenarios[] = {
      }},
     {"SaveFonts", 140, PutSettings,
      [](FaultWorld& world) {
-       SaveTopicFonts(world.profile, u"Greek", TopicFonts());
-       return std::optional<FileStatus>();
+       return StatusOf(SaveTopicFonts(world.profile, u"Greek", TopicFonts()));
      }},
-    {"AddATopic", 140, PutSettings,
+    {"SaveKeys", 140, PutStacksOfTopics,
+     [](FaultWorld& world) { return SaveTopicOf(world, u"Greek"); }},
+    {"AddATopic", 140, PutStacksOfTopics,
+     [](FaultWorld& world) { return SaveTopicOf(world, u"Latin"); }},
+    {"DeleteATopic", 140, PutStacksOfTopics,
      [](FaultWorld& world) {
-       EXPECT_TRUE(
-           SaveTopicAndKeys(world.profile, world.topics, u"Latin", TopicFonts(), KeyTable()));
-       return std::optional<FileStatus>();
+       return StatusOf(RemoveTopic(world.stacks, world.topics, world.profile, 1));
      }},
-    {"DeleteATopic", 165, PutSettings,
+    {"DeleteTheSelectedTopic", 140, PutStacksOfTopics,
      [](FaultWorld& world) {
-       DeleteTopic(world.topics, world.profile, 1);
-       return std::optional<FileStatus>();
+       return StatusOf(RemoveTopic(world.stacks, world.topics, world.profile, 2));
      }},
 };
 

@@ -71,7 +71,8 @@ TEST(TwoPrograms, AddTopicsSideBySide) {
   LoadTopicList(world.topics, world.profile);
   RunAtOnce(2, [&](int program) {
     for (int topic = 0; topic < 5; ++topic) {
-      EXPECT_TRUE(SaveTopicAndKeys(world.profile, world.topics, Key(program, topic), {}, {}));
+      EXPECT_EQ(SaveTopicAndKeys(world.profile, world.topics, Key(program, topic), {}, {}),
+                TopicSave::Saved);
     }
   });
   LoadTopicList(world.topics, world.profile);

@@ -113,17 +113,21 @@ void CheckProgramRun(const std::string& bytes) {
     SelectTopic(topics, settings, profile, i);
     REQUIRE(settings.Fonts == fonts);
   }
-  const bool room = topics.TopicCount < MaxTopics || FindTopic(topics, u"Added") >= 0;
-  REQUIRE(SaveTopicAndKeys(profile, topics, u"Added", settings.Fonts, settings.Keys) == room);
-  LoadTopicList(topics, profile);
-  RequireTopicList(topics);
-  REQUIRE((FindTopic(topics, u"Added") >= 0) == room);
+  for (const TextView name : {u"Added", u"\"quoted\"", u"''"}) {
+    const bool room = topics.TopicCount < MaxTopics || FindTopic(topics, name) >= 0;
+    REQUIRE(SaveTopicAndKeys(profile, topics, name, settings.Fonts, settings.Keys) ==
+            (room ? TopicSave::Saved : TopicSave::NoRoom));
+    LoadTopicList(topics, profile);
+    RequireTopicList(topics);
+    REQUIRE((FindTopic(topics, name) >= 0) == room);
+  }
   // A number that a hand-made file gives twice comes to light again, so a deletion need not lower
   // the count; but each one takes a line away, and the list ends.
   for (std::size_t left = bytes.size() + MaxTopics + 1; topics.TopicCount >= 0; --left) {
     const int count = topics.TopicCount;
-    DeleteTopic(topics, profile, 0);
+    REQUIRE(DeleteTopic(topics, profile, 0).written);
     RequireTopicList(topics);
+    REQUIRE(topics.CurrentTopic == 0 || topics.IsTopic(topics.CurrentTopic));
     REQUIRE(topics.TopicCount <= count);
     REQUIRE(left > 0);
   }

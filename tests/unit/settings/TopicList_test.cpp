@@ -175,7 +175,46 @@ TEST_F(TopicListTest, NeverFindsAGap) {
   EXPECT_EQ(FindTopic(topics, u"Greek"), 2);
 }
 
-TEST_F(TopicListTest, FindsNothingInAnEmptyList) { EXPECT_EQ(FindTopic(topics, u"General"), -1); }
+TEST_F(TopicListTest, FindsGeneralAloneInAnEmptyList) {
+  EXPECT_EQ(FindTopic(topics, u"General  "), 0);
+  EXPECT_EQ(FindTopic(topics, u"general"), -1);
+  EXPECT_EQ(FindTopic(topics, u"Greek"), -1);
+}
+
+TEST_F(TopicListTest, FindsATopicThatShallShareItsSection) {
+  Put("[TOPICS]\r\n0=General\r\n2=Greek\r\n3=Old]x\r\n");
+  EXPECT_EQ(TopicSharingSection(topics, u"GREEK"), 2);
+  EXPECT_EQ(TopicSharingSection(topics, u"old"), 3);
+  EXPECT_EQ(TopicSharingSection(topics, u"Greeks"), -1);
+  EXPECT_EQ(TopicSharingSection(topics, u""), -1);
+}
+
+// Following
+
+TEST_F(TopicListTest, ANumberFollowsTheNameOfItsTopic) {
+  Put(FourTopics);
+  const TopicList before = topics;
+  Put("[TOPICS]\r\n0=General\r\n1=Latin\r\n3=Russian\r\n5=Spanish\r\n");
+  const std::array now{0, 5, 0, 3};
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_EQ(FollowTopic(before, i, topics), now.at(static_cast<std::size_t>(i)));
+  }
+  for (const int none : {-1, 4, 10, 11, 32767}) EXPECT_EQ(FollowTopic(before, none, topics), none);
+}
+
+TEST_F(TopicListTest, OfTwoEqualNamesEachKeepsItsNumber) {
+  Put("[TOPICS]\r\n0=General\r\n1=Greek\r\n2=Greek\r\n");
+  EXPECT_EQ(FollowTopic(topics, 2, topics), 2);
+}
+
+TEST_F(TopicListTest, TheSelectedTopicFollowsItsNameWhenTheListIsReadAnew) {
+  Put(FourTopics);
+  topics.CurrentTopic = 3;
+  Put("[TOPICS]\r\n0=General\r\n1=Greek\r\n2=Russian\r\n");
+  EXPECT_EQ(topics.CurrentTopic, 2);
+  Put("[TOPICS]\r\n0=General\r\n1=Greek\r\n");
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
 
 // Deleting
 
@@ -197,11 +236,32 @@ TEST_F(TopicListTest, DeletingTheLastTopicMovesNothing) {
             "[General]\r\nKEYS=g\r\n[Spanish]\r\nKEYS=s\r\n[Greek]\r\nKEYS=k\r\n");
 }
 
-TEST_F(TopicListTest, DeletingLeavesTheCurrentTopicToTheCaller) {
+TEST_F(TopicListTest, DeletingKeepsTheSelectedTopic) {
   Put(FourTopics);
   topics.CurrentTopic = 3;
   DeleteTopic(topics, profile, 1);
+  EXPECT_EQ(topics.CurrentTopic, 2);
+  DeleteTopic(topics, profile, 2);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+TEST_F(TopicListTest, DeletingOneOfTwoEqualNamesSelectsTheFirstWhereItWasSelected) {
+  Put("[TOPICS]\r\n0=General\r\n1=Greek\r\n2=Greek\r\n");
+  topics.CurrentTopic = 1;
+  EXPECT_EQ(DeleteTopic(topics, profile, 1).number, 1);
+  EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+TEST_F(TopicListTest, ADeletionThatIsNotWrittenLeavesTheListAsTheFileIs) {
+  Put(FourTopics);
+  topics.CurrentTopic = 3;
+  files.failCommit = FileStatus::DiskFull;
+  const TopicDeletion deletion = DeleteTopic(topics, profile, 1);
+  EXPECT_FALSE(deletion.written);
+  EXPECT_EQ(deletion.number, -1);
+  EXPECT_EQ(Names(), Eleven({u"General", u"Spanish", u"Greek", u"Russian"}));
   EXPECT_EQ(topics.CurrentTopic, 3);
+  EXPECT_EQ(Content(), FourTopics);
 }
 
 TEST_F(TopicListTest, DeletingCopiesAGapDown) {
@@ -413,6 +473,11 @@ TEST(CleanTopicName, CutsBlanksAtBothEndsAlsoWhereTheCutMadeThem) {
 TEST(CleanTopicName, KeepsTwentyCharactersAndNoHalfOfOne) {
   EXPECT_EQ(CleanTopicName(Text(21, u'x')), Text(20, u'x'));
   EXPECT_EQ(CleanTopicName(Text(19, u'x') + u"\U0001F600"), Text(19, u'x'));
+}
+
+TEST(WithoutSectionMarks, CutsNothingElse) {
+  EXPECT_EQ(WithoutSectionMarks(u" [a]\tlonger name than a topic may have "),
+            u"alonger name than a topic may have");
 }
 
 TEST(CleanTopicName, MayLeaveNothing) { EXPECT_EQ(CleanTopicName(u" [ ] "), u""); }

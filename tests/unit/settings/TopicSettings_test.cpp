@@ -54,7 +54,8 @@ TEST_F(TopicSettingsTest, ALaterRunWritesNothing) {
 }
 
 TEST_F(TopicSettingsTest, ADefaultTopicOfAnyKindMakesTheFileAnOldOne) {
-  for (const char* const value : {"0", "7", "abc", "-2", "2147483647"}) {
+  for (const char* const value :
+       {"0", "7", "abc", "-2", "2147483647", "-1", "", "0xFFFFFFFF", "4294967295"}) {
     const std::string content = "[topics]\r\ndefault=" + std::string(value) + "\r\n";
     Put(content);
     InitSettings(profile);
@@ -62,14 +63,12 @@ TEST_F(TopicSettingsTest, ADefaultTopicOfAnyKindMakesTheFileAnOldOne) {
   }
 }
 
-TEST_F(TopicSettingsTest, AMissingEmptyOrMinusOneDefaultMakesTheFileANewOne) {
-  for (const char* const line : {"0=Mine", "DEFAULT=", "DEFAULT=-1"}) {
-    Put("[TOPICS]\r\n" + std::string(line) + "\r\n");
-    InitSettings(profile);
-    EXPECT_EQ(profile.GetString(u"TOPICS", u"DEFAULT", u"", 9), u"0") << line;
-    EXPECT_EQ(profile.GetString(u"TOPICS", u"0", u"", 20), u"General") << line;
-    EXPECT_EQ(profile.GetString(u"General", u"BACKSIZE", u"", 9), u"8.25") << line;
-  }
+TEST_F(TopicSettingsTest, AMissingDefaultMakesTheFileANewOne) {
+  Put("[TOPICS]\r\n0=Mine\r\n");
+  InitSettings(profile);
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"DEFAULT", u"", 9), u"0");
+  EXPECT_EQ(profile.GetString(u"TOPICS", u"0", u"", 20), u"General");
+  EXPECT_EQ(profile.GetString(u"General", u"BACKSIZE", u"", 9), u"8.25");
 }
 
 TEST_F(TopicSettingsTest, AFileThatCannotBeReadIsNotMadeANewOne) {
@@ -197,7 +196,8 @@ TEST_F(TopicSettingsTest, ReadsBackTheSizesThatItWrites) {
 
 TEST_F(TopicSettingsTest, SavingTheKeysOfATopicWritesThemOnly) {
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {u"X", 20.0F, u"Y", 20.0F}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {u"X", 20.0F, u"Y", 20.0F}, OneKey()),
+            TopicSave::Saved);
   EXPECT_EQ(Content(), std::string(FirstRun) + "KEYS=12E\xE9" + std::string(116, ' ') + "\r\n");
   EXPECT_EQ(topics.TopicCount, 0);
   EXPECT_EQ(topics.CurrentTopic, 0);
@@ -205,7 +205,7 @@ TEST_F(TopicSettingsTest, SavingTheKeysOfATopicWritesThemOnly) {
 
 TEST_F(TopicSettingsTest, SavingNoKeysWrites120Blanks) {
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {}, {}), TopicSave::Saved);
   EXPECT_EQ(Content(), std::string(FirstRun) + "KEYS=" + std::string(120, ' ') + "\r\n");
 }
 
@@ -213,14 +213,15 @@ TEST_F(TopicSettingsTest, SavingLeavesTheCurrentTopicWhereTheTopicExists) {
   Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n");
   Start();
   topics.CurrentTopic = 1;
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {}, {}), TopicSave::Saved);
   EXPECT_EQ(topics.CurrentTopic, 1);
 }
 
 TEST_F(TopicSettingsTest, SavingAddsANewTopicAtTheEnd) {
   Start();
-  EXPECT_TRUE(
-      SaveTopicAndKeys(profile, topics, u"Spanish", {u"Arial", 12.0F, u"Times", 9.5F}, OneKey()));
+  EXPECT_EQ(
+      SaveTopicAndKeys(profile, topics, u"Spanish", {u"Arial", 12.0F, u"Times", 9.5F}, OneKey()),
+      TopicSave::Saved);
   EXPECT_EQ(Content(),
             "[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Spanish\r\n"
             "[General]\r\nFRONTFONT=MS Sans Serif\r\nFRONTSIZE=8.25\r\n"
@@ -232,7 +233,7 @@ TEST_F(TopicSettingsTest, SavingAddsANewTopicAtTheEnd) {
 
 TEST_F(TopicSettingsTest, ANewTopicBecomesTheCurrentOne) {
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}), TopicSave::Saved);
   EXPECT_EQ(topics.TopicCount, 1);
   EXPECT_EQ(topics.CurrentTopic, 1);
   EXPECT_EQ(topics.Name(1), u"Spanish");
@@ -240,7 +241,7 @@ TEST_F(TopicSettingsTest, ANewTopicBecomesTheCurrentOne) {
 
 TEST_F(TopicSettingsTest, ANewTopicIsThereAfterLoadingTheListAgain) {
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Espa\u00F1ol", {}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Espa\u00F1ol", {}, OneKey()), TopicSave::Saved);
   LoadTopicList(topics, profile);
   EXPECT_EQ(FindTopic(topics, u"Espa\u00F1ol"), 1);
   EXPECT_EQ(LoadTopicSettings(profile, u"Espa\u00F1ol").Keys.KeyCount, 1);
@@ -249,7 +250,7 @@ TEST_F(TopicSettingsTest, ANewTopicIsThereAfterLoadingTheListAgain) {
 TEST_F(TopicSettingsTest, ANewTopicNeverFillsAGap) {
   Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n2=Greek\r\n");
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Spanish", {}, {}), TopicSave::Saved);
   EXPECT_EQ(topics.TopicCount, 3);
   EXPECT_EQ(profile.GetString(u"TOPICS", u"1", u"absent", 20), u"absent");
   EXPECT_EQ(profile.GetString(u"TOPICS", u"3", u"absent", 20), u"Spanish");
@@ -258,7 +259,8 @@ TEST_F(TopicSettingsTest, ANewTopicNeverFillsAGap) {
 TEST_F(TopicSettingsTest, ANewTopicInAnotherLetterCaseSharesTheSection) {
   Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Greek\r\n[Greek]\r\nKEYS=x\r\n");
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"GREEK", {u"A", 8.0F, u"B", 8.0F}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"GREEK", {u"A", 8.0F, u"B", 8.0F}, OneKey()),
+            TopicSave::Saved);
   EXPECT_EQ(topics.TopicCount, 2);
   EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts.FrontFont, u"A");
 }
@@ -268,7 +270,7 @@ TEST_F(TopicSettingsTest, RefusesATwelfthTopic) {
   for (int i = 0; i <= 10; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
   Put(content);
   Start();
-  EXPECT_FALSE(SaveTopicAndKeys(profile, topics, u"New", {}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"New", {}, OneKey()), TopicSave::NoRoom);
   EXPECT_EQ(Content(), content);
   EXPECT_EQ(topics.TopicCount, 10);
   EXPECT_EQ(topics.CurrentTopic, 0);
@@ -279,7 +281,7 @@ TEST_F(TopicSettingsTest, SavesKeysOfAnyTopicOfAFullList) {
   for (int i = 0; i <= 10; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
   Put(content);
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"T10", {}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"T10", {}, OneKey()), TopicSave::Saved);
   EXPECT_EQ(LoadTopicSettings(profile, u"T10").Keys.KeyCount, 1);
 }
 
@@ -288,7 +290,7 @@ TEST_F(TopicSettingsTest, AddsTheEleventhTopic) {
   for (int i = 0; i <= 9; ++i) content += std::to_string(i) + "=T" + std::to_string(i) + "\r\n";
   Put(content);
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"New", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"New", {}, {}), TopicSave::Saved);
   EXPECT_EQ(profile.GetString(u"TOPICS", u"10", u"", 20), u"New");
 }
 
@@ -298,7 +300,7 @@ TEST_F(TopicSettingsTest, KeepsEveryCharacterCodeOfAKey) {
     if (code == ' ') continue;  // a last record that types a blank is lost
     KeyTable keys = OneKey();
     keys.Slots[1].character = static_cast<CharCode>(code);
-    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {}, keys), TopicSave::Saved);
     const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
     ASSERT_EQ(read.KeyCount, 1) << code;
     EXPECT_EQ(read.Slot(1), keys.Slot(1));
@@ -313,7 +315,7 @@ TEST_F(TopicSettingsTest, KeepsEveryCharacterCodeOfTheThirtiethKey) {
   for (int code = 1; code < 256; ++code) {
     if (code == ' ') continue;
     keys.Slots[30].character = static_cast<CharCode>(code);
-    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {}, keys), TopicSave::Saved);
     const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
     ASSERT_EQ(read.KeyCount, 30) << code;
     EXPECT_EQ(read.Slot(30), keys.Slot(30));
@@ -325,7 +327,7 @@ TEST_F(TopicSettingsTest, KeepsEveryKeyCode) {
   for (int code = 1; code < 256; ++code) {
     KeyTable keys = OneKey();
     keys.Slots[1].key = static_cast<CharCode>(code);
-    EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"General", {}, keys));
+    EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"General", {}, keys), TopicSave::Saved);
     const KeyTable read = LoadTopicSettings(profile, u"General").Keys;
     ASSERT_EQ(read.KeyCount, 1) << code;
     EXPECT_EQ(read.Slot(1), keys.Slot(1));
@@ -335,7 +337,7 @@ TEST_F(TopicSettingsTest, KeepsEveryKeyCode) {
 TEST_F(TopicSettingsTest, AHandMadeNameWithABracketFindsItsSectionAgain) {
   Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=a]b\r\n");
   Start();
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"a]b", {}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"a]b", {}, OneKey()), TopicSave::Saved);
   EXPECT_EQ(LoadTopicSettings(profile, u"a]b").Keys.KeyCount, 1);
   const std::string content = Content();
   EXPECT_EQ(LoadTopicSettings(profile, u"a]b").Fonts, TopicFonts());
@@ -347,8 +349,8 @@ TEST_F(TopicSettingsTest, AHandMadeNameWithABracketFindsItsSectionAgain) {
 TEST_F(TopicSettingsTest, ANewTopicTakesNoNumberThatAnotherProgramHasUsed) {
   Start();
   TopicList others = topics;
-  EXPECT_TRUE(SaveTopicAndKeys(profile, others, u"Greek", {}, OneKey()));
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Latin", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, others, u"Greek", {}, OneKey()), TopicSave::Saved);
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Latin", {}, {}), TopicSave::Saved);
   EXPECT_EQ(topics.Name(1), u"Greek");
   EXPECT_EQ(topics.Name(2), u"Latin");
   EXPECT_EQ(topics.CurrentTopic, 2);
@@ -359,8 +361,8 @@ TEST_F(TopicSettingsTest, ANewTopicTakesNoNumberThatAnotherProgramHasUsed) {
 TEST_F(TopicSettingsTest, ATopicThatAnotherProgramHasAddedIsNotAddedTwice) {
   Start();
   TopicList others = topics;
-  EXPECT_TRUE(SaveTopicAndKeys(profile, others, u"Greek", {}, {}));
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Greek", {}, OneKey()));
+  EXPECT_EQ(SaveTopicAndKeys(profile, others, u"Greek", {}, {}), TopicSave::Saved);
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Greek", {}, OneKey()), TopicSave::Saved);
   EXPECT_EQ(topics.TopicCount, 1);
   EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Keys.KeyCount, 1);
 }
@@ -368,9 +370,101 @@ TEST_F(TopicSettingsTest, ATopicThatAnotherProgramHasAddedIsNotAddedTwice) {
 TEST_F(TopicSettingsTest, ATopicThatCannotBeWrittenIsNotInTheListEither) {
   Start();
   files.failCommit = FileStatus::DiskFull;
-  EXPECT_TRUE(SaveTopicAndKeys(profile, topics, u"Greek", {}, {}));
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Greek", {}, {}), TopicSave::NotWritten);
   EXPECT_EQ(topics.TopicCount, 0);
   EXPECT_EQ(topics.CurrentTopic, 0);
+}
+
+TEST_F(TopicSettingsTest, AFailedSaveLeavesTheListAsTheFileIs) {
+  Start();
+  TopicList others = topics;
+  EXPECT_EQ(SaveTopicAndKeys(profile, others, u"Greek", {}, {}), TopicSave::Saved);
+  files.failReplace = FileStatus::PathAccess;
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Latin", {}, {}), TopicSave::NotWritten);
+  EXPECT_EQ(topics.TopicCount, 1);
+  EXPECT_EQ(topics.Name(1), u"Greek");
+  EXPECT_EQ(topics.CurrentTopic, 0);
+  EXPECT_FALSE(SaveTopicFonts(profile, u"Greek", {u"Arial", 12.0F, u"Times", 9.5F}));
+}
+
+TEST_F(TopicSettingsTest, ATopicThatAnotherProgramHasDeletedIsAddedAgainWithItsKeys) {
+  Start();
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Greek", {}, {}), TopicSave::Saved);
+  TopicList others = topics;
+  EXPECT_TRUE(DeleteTopic(others, profile, 1).written);
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Greek", {}, OneKey()), TopicSave::Saved);
+  LoadTopicList(topics, profile);
+  EXPECT_EQ(FindTopic(topics, u"Greek"), 1);
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Keys.KeyCount, 1);
+}
+
+TEST_F(TopicSettingsTest, ATopicSavedInAFileWithoutAnyIsThereAtTheNextStart) {
+  Put("; nothing yet\r\n");
+  LoadTopicList(topics, profile);
+  EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Greek", {}, OneKey()), TopicSave::Saved);
+  Start();
+  EXPECT_EQ(FindTopic(topics, u"General"), 0);
+  EXPECT_EQ(FindTopic(topics, u"Greek"), 1);
+}
+
+TEST_F(TopicSettingsTest, ANameInQuotesKeepsItsFontsAndKeys) {
+  for (const Text& name : {Text(u"\"Latin\""), Text(u"'Latin'"), Text(u"\"\""), Text(u"''A''"),
+                           Text(u"\"") + Text(18, u'x') + u"\"", Text(u"\"half"), Text(u"'")}) {
+    Put("; nothing yet\r\n");
+    Start();
+    const TopicFonts fonts{u"Arial", 12.0F, u"Times", 9.5F};
+    EXPECT_EQ(SaveTopicAndKeys(profile, topics, name, fonts, OneKey()), TopicSave::Saved);
+    EXPECT_EQ(SaveTopicAndKeys(profile, topics, u"Last", {}, {}), TopicSave::Saved);
+    LoadTopicList(topics, profile);
+    ASSERT_EQ(FindTopic(topics, name), 1);
+    const TopicSettings settings = LoadTopicSettings(profile, topics.Name(1));
+    EXPECT_EQ(settings.Fonts, fonts);
+    EXPECT_EQ(settings.Keys.KeyCount, 1);
+    EXPECT_TRUE(DeleteTopic(topics, profile, 1).written);
+    EXPECT_EQ(topics.Name(1), u"Last");
+    EXPECT_EQ(Content().find("Arial"), std::string::npos) << "its section is still there";
+  }
+}
+
+TEST_F(TopicSettingsTest, AFontNameInQuotesIsReadAsItWasWritten) {
+  const TopicFonts fonts{u"\"A\"", 12.0F, u"'B'", 9.5F};
+  EXPECT_TRUE(SaveTopicFonts(profile, u"Greek", fonts));
+  EXPECT_EQ(LoadTopicSettings(profile, u"Greek").Fonts, fonts);
+}
+
+TEST_F(TopicSettingsTest, ALoneLineFeedEndsNoNameLate) {
+  Put("[TOPICS]\r\nDEFAULT=0\n0=General\n1=Greek\r\n[Greek]\nFRONTFONT=Arial\nFRONTSIZE=9\r\n"
+      "BACKFONT=Times\rBACKSIZE=10\n\nKEYS=12E\n\r\n");
+  Start();
+  EXPECT_EQ(topics.Name(0), u"General");
+  EXPECT_EQ(topics.Name(1), u"Greek");
+  const TopicSettings settings = LoadTopicSettings(profile, u"Greek");
+  EXPECT_EQ(settings.Fonts, (TopicFonts{u"Arial", 9.0F, u"Times", 10.0F}));
+  EXPECT_EQ(settings.Keys.Slot(1).character, CharCode{'\n'});
+}
+
+TEST_F(TopicSettingsTest, TheSelectedTopicsSettingsAreKnownByItsName) {
+  Put("[TOPICS]\r\nDEFAULT=0\r\n0=General\r\n1=Spanish\r\n2=Greek\r\n");
+  Start();
+  TopicSettings settings;
+  EXPECT_FALSE(HoldsCurrentTopic(topics, settings));
+  SelectTopic(topics, settings, profile, 2);
+  EXPECT_TRUE(HoldsCurrentTopic(topics, settings));
+  EXPECT_TRUE(DeleteTopic(topics, profile, 1).written);
+  EXPECT_TRUE(HoldsCurrentTopic(topics, settings)) << "Greek, though it is 1 now";
+  EXPECT_TRUE(DeleteTopic(topics, profile, 1).written);
+  EXPECT_FALSE(HoldsCurrentTopic(topics, settings));
+}
+
+TEST_F(TopicSettingsTest, SettingsThatCouldNotBeReadAreNotThoseOfTheTopic) {
+  Start();
+  TopicSettings settings;
+  files.failRead = FileStatus::PathAccess;
+  SelectTopic(topics, settings, profile, 0);
+  EXPECT_FALSE(HoldsCurrentTopic(topics, settings));
+  topics = {};
+  SelectTopic(topics, settings, profile, 0);
+  EXPECT_TRUE(HoldsCurrentTopic(topics, settings)) << "without any topic the defaults are right";
 }
 
 /// Fails to read once, as a disk or a busy system may.

@@ -853,6 +853,24 @@ TEST_F(frmAddKeyTest, TheTwelfthTopicIsRefused) {
   EXPECT_EQ(shared.Switches.NewTopicName, u"");
 }
 
+TEST_F(frmAddKeyTest, KeysThatCannotBeSavedKeepTheWindowOpen) {
+  const std::string before = SettingsFile();
+  files.failCommit = FileStatus::DiskFull;
+  prompts.Expect(Answer::Yes);
+  prompts.Expect(Answer::Yes);
+  WithEditor([&](frmAddKey& window) {
+    AddKey(window, u'ñ', Qt::Key_N);
+    Click(window, "cmdDone");
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(TextOf(window, "lblSettings"), "The settings cannot be saved.");
+    EXPECT_EQ(shared.Topic.Keys.KeyCount, 0);
+    EXPECT_EQ(SettingsFile(), before);
+    files.failCommit = FileStatus::Ok;
+  });
+  EXPECT_EQ(shared.Topic.Keys.KeyCount, 1);
+  EXPECT_NE(SettingsFile(), before);
+}
+
 TEST_F(frmAddKeyTest, ClosingLeavesTheBusyPointerToTheCaller) {
   SetPointer(PointerShape::Busy);
   WithEditor([](frmAddKey&) { EXPECT_EQ(QApplication::overrideCursor(), nullptr); });

@@ -79,8 +79,14 @@ TEST_F(frmConfigTest, AddModeAsksForAName) {
 }
 
 TEST_F(frmConfigTest, AProposedNameIsShownWithoutWhatWouldBreakItsSection) {
-  WithAdd(u" Ital[i]an ", [](frmConfig& window) {
-    EXPECT_EQ(Name(window).text(), "Italian");
+  WithAdd(u" Ital[i]an ", [](frmConfig& window) { EXPECT_EQ(Name(window).text(), "Italian"); });
+}
+
+TEST_F(frmConfigTest, AProposedNameIsShownWholeAndContinuesAfterAChange) {
+  WithAdd(u"A name that is much longer than a topic's", [](frmConfig& window) {
+    EXPECT_EQ(Name(window).text(), "A name that is much longer than a topic's");
+    EXPECT_FALSE(IsEnabled(window, "cmdAction"));
+    QTest::keyClick(&Name(window), Qt::Key_Backspace);
     EXPECT_TRUE(IsEnabled(window, "cmdAction"));
   });
 }
