@@ -14,11 +14,13 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenuBar>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QStringListModel>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -211,9 +213,14 @@ void frmPrint::FillFontLists() {
   AddFontName(names, Text(DefaultFontName));
   AddFontName(names, m_shared.Topic.Fonts.FrontFont);
   AddFontName(names, m_shared.Topic.Fonts.BackFont);
-  for (const Text& name : names) {
-    cboFrontFont->addItem(ToQString(name));
-    cboBackFont->addItem(ToQString(name));
+  QStringList shown;
+  shown.reserve(static_cast<qsizetype>(names.size()));
+  for (const Text& name : names) shown << ToQString(name);
+  // Thousands of fonts are no rarity: both lists show one model, and no entry is measured alone.
+  auto* const model = new QStringListModel(shown, this);
+  for (QComboBox* const list : {cboFrontFont, cboBackFont}) {
+    list->setModel(model);
+    if (auto* const view = qobject_cast<QListView*>(list->view())) view->setUniformItemSizes(true);
   }
 }
 
@@ -342,6 +349,7 @@ void frmPrint::Form_Unload() {
                                                  .icon = PromptIcon::Question,
                                                  .buttons = PromptButtons::YesNo});
   if (answer == Answer::Yes) {
-    SaveTopicFonts(m_platform.profile, topics.Name(topic), m_shared.Topic.Fonts);
+    // Where they cannot be saved they are still those of this run; the main window says so.
+    (void)SaveTopicFonts(m_platform.profile, topics.Name(topic), m_shared.Topic.Fonts);
   }
 }

@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QListView>
 #include <QPrinter>
 #include <QProgressDialog>
 #include <QTemporaryDir>
@@ -595,6 +596,38 @@ TEST_F(frmPrintTest, LongJobCanBeCancelledAndLeavesAnOlderFileAlone) {
     Click(window, "cmdCanc");
   });
   EXPECT_EQ(files.Content(u"/cards/out.pdf"), "old");
+}
+
+TEST_F(frmPrintTest, ThousandsOfFontsAreListedWithoutMeasuringEach) {
+  services.fontNames = [] {
+    std::vector<Text> names;
+    for (int i = 0; i < 10000; ++i) names.push_back(u"Font " + NumberText(10000 + i));
+    return names;
+  };
+  WithDialog([](frmPrint& window) {
+    const auto& front = Find<QComboBox>(window, "cboFrontFont");
+    const auto& back = Find<QComboBox>(window, "cboBackFont");
+    EXPECT_EQ(front.count(), 10001);
+    EXPECT_EQ(front.model(), back.model());
+    for (const QComboBox* const list : {&front, &back}) {
+      EXPECT_TRUE(qobject_cast<QListView*>(list->view())->uniformItemSizes());
+    }
+    Choose(window, "cboFrontFont", "Font 10003");
+    EXPECT_EQ(back.currentText(), "MS Sans Serif") << "the lists are chosen from one by one";
+    Click(window, "cmdCanc");
+  });
+}
+
+TEST_F(frmPrintTest, FontsThatCannotBeSavedAreStillThoseOfThisRun) {
+  SelectSpanish();
+  files.failCommit = FileStatus::DiskFull;
+  prompts.Expect(Answer::Yes);
+  WithDialog([](frmPrint& window) {
+    Choose(window, "cboFrontFont", "Noto Mono");
+    Click(window, "cmdOK");
+  });
+  EXPECT_EQ(shared.Topic.Fonts.FrontFont, u"Noto Mono");
+  EXPECT_EQ(profile.Trouble(), ProfileTrouble::NotWritten);
 }
 
 }  // namespace
