@@ -2,8 +2,6 @@
 
 #include "base/LetterCase.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr TextView SpaceCharacters = u"\t\n\v\f\r\x1A ";
@@ -61,9 +59,9 @@ bool HoldsKeyAssignments(TextView line) {
   return key && EqualIgnoringCase(key->key, u"KEYS");
 }
 
-/// Length of the line at the start of `content`, which goes up to a CR LF at most.
-std::size_t LineLength(TextView content) {
-  const TextView line = content.substr(0, content.find(LineBreak));
+/// Length of the line at the start of `content`, which `lineEnd` ends at the latest.
+std::size_t LineLength(TextView content, TextView lineEnd) {
+  const TextView line = content.substr(0, content.find(lineEnd));
   const std::size_t loneBreak = line.find_first_of(LineBreak);
   if (loneBreak == TextView::npos || HoldsKeyAssignments(line.substr(0, loneBreak))) {
     return line.size();
@@ -76,10 +74,9 @@ std::size_t LineLength(TextView content) {
 TextView SectionName(TextView name) { return TrimBlanks(name.substr(0, name.find(u']'))); }
 
 ProfileText::ProfileText(TextView content) {
-  const bool hasCrLf = content.find(LineBreak) != TextView::npos;
+  const TextView lineEnd = content.find(LineBreak) != TextView::npos ? LineBreak : u"\n";
   while (!content.empty()) {
-    const std::size_t length =
-        hasCrLf ? LineLength(content) : std::min(content.find(u'\n'), content.size());
+    const std::size_t length = LineLength(content, lineEnd);
     m_lines.emplace_back(content.substr(0, length));
     content.remove_prefix(length);
     content.remove_prefix(content.starts_with(LineBreak) ? LineBreak.size() : !content.empty());

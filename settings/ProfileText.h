@@ -16,9 +16,9 @@ TextView SectionName(TextView name);
 /// ignored; only the first section of a name counts, and in it the first key of a name.
 class ProfileText {
  public:
-  /// Where the content holds any CR LF, that ends a line, and so does a lone CR or LF, which an
-  /// editor may have left, except in the value of KEYS: there it is a character that a key types.
-  /// Elsewhere LF ends a line, and a lone CR belongs to it.
+  /// CR LF ends a line, and so does a lone CR or LF, which an editor may have left. In the value of
+  /// KEYS these are characters that a key types; but where the content holds no CR LF, LF ends that
+  /// line too.
   explicit ProfileText(TextView content);
 
   /// All lines, each ended by CR LF.

@@ -56,8 +56,12 @@ TEST(ProfileTextLines, EndAtALoneBreakTooButForTheValueOfKeyAssignments) {
   EXPECT_EQ(profile.Content(), u"[S]\r\na=1\r\nb=2\r\nc=3\r\n\r\n keys = 12E\n36N\r\r\nd=4\r\n");
 }
 
-TEST(ProfileTextLines, KeepALoneCrWhereLfEndsThem) {
-  EXPECT_EQ(ValueIn(u"[S]\nk=a\rb\n"), u"a\rb");
+TEST(ProfileTextLines, EndAtALoneCrToo) {
+  const ProfileText profile(u"[S]\nk=a\rl=b\nKEYS=12E\r\t\nm=c\r");
+  EXPECT_EQ(profile.Value(u"S", u"k"), u"a");
+  EXPECT_EQ(profile.Value(u"S", u"l"), u"b");
+  EXPECT_EQ(profile.Value(u"S", u"KEYS"), u"12E\r\t");
+  EXPECT_EQ(ProfileText(profile.Content()).Content(), profile.Content());
 }
 
 TEST(ProfileTextLines, NeedNoEndAtTheEndOfTheFile) { EXPECT_EQ(ValueIn(u"[S]\r\nk=1"), u"1"); }
