@@ -72,21 +72,9 @@ class Tour:
         self.rest()
         self.look(what)
 
-    def frame(self, window):
-        """Left, top, right and bottom of a window with the frame that the desktop gives it."""
-        lines = self.desktop._run_quietly("xwininfo", "-id", window).splitlines()
-        values = {name.strip(): value.strip() for name, _, value in
-                  (line.partition(":") for line in lines)}
-        left, top = (int(values[f"Absolute upper-left {side}"]) for side in "XY")
-        right, bottom = left + int(values["Width"]), top + int(values["Height"])
-        _, found, extents = self.desktop._run_quietly(
-            "xprop", "-id", window, "_NET_FRAME_EXTENTS").partition(" = ")
-        borders = [int(width) for width in extents.split(",")] if found else [0, 0, 0, 0]
-        return left - borders[0], top - borders[2], right + borders[1], bottom + borders[3]
-
     def covers(self, window, other):
-        left, top, right, bottom = self.frame(window)
-        inner_left, inner_top, inner_right, inner_bottom = self.frame(other)
+        left, top, right, bottom = self.desktop.frame(window)
+        inner_left, inner_top, inner_right, inner_bottom = self.desktop.frame(other)
         return (left <= inner_left and top <= inner_top
                 and right >= inner_right and bottom >= inner_bottom)
 

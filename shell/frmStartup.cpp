@@ -3,6 +3,7 @@
 #include "base/QtText.h"
 #include "base/Version.h"
 #include "shell/Pointer.h"
+#include "shell/WindowPlacement.h"
 #include "shell/frmMain.h"
 
 #include <QAbstractEventDispatcher>
@@ -65,8 +66,10 @@ void frmStartup::Run(const Text& commandLine, int milliseconds) {
   std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
   SetPointer(PointerShape::Busy);
   m_main = std::make_unique<frmMain>(m_shared, m_platform, commandLine, this);
-  // The splash stays behind it, and nothing of it is to look out.
-  m_main->resize(m_main->size().expandedTo(size()));
+  // The splash stays behind it, and nothing of it is to look out, however wide the frame that the
+  // main window gets.
+  const QSize frame(UsualFrame.left + UsualFrame.right, UsualFrame.top + UsualFrame.bottom);
+  m_main->resize(m_main->size().expandedTo(size() + frame));
   m_main->show();
   // Input that was held back waits for the next event otherwise.
   QAbstractEventDispatcher::instance()->wakeUp();

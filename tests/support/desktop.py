@@ -201,6 +201,18 @@ class Desktop:
             values[name] = value
         return tuple(int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
+    def frame(self, window):
+        """Left, top, right and bottom of a window with the frame that the desktop gives it."""
+        lines = self._run_quietly("xwininfo", "-id", window).splitlines()
+        values = {name.strip(): value.strip() for name, _, value in
+                  (line.partition(":") for line in lines)}
+        left, top = (int(values[f"Absolute upper-left {side}"]) for side in "XY")
+        right, bottom = left + int(values["Width"]), top + int(values["Height"])
+        _, found, extents = self._run_quietly(
+            "xprop", "-id", window, "_NET_FRAME_EXTENTS").partition(" = ")
+        borders = [int(width) for width in extents.split(",")] if found else [0, 0, 0, 0]
+        return left - borders[0], top - borders[2], right + borders[1], bottom + borders[3]
+
     def click(self, window, x, y):
         """Clicks at a place inside a window."""
         subprocess.run(["xdotool", "mousemove", "--window", window, str(x), str(y), "click", "1"],
