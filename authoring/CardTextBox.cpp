@@ -38,11 +38,14 @@ QSize CardTextBox::minimumSizeHint() const {
 }
 
 void CardTextBox::SelectFirst(QChar character) {
-  const auto at = static_cast<int>(document()->toRawText().indexOf(character));
-  if (at < 0) return;
+  const QString text = document()->toRawText();
+  const auto start = static_cast<int>(text.indexOf(character));
+  if (start < 0) return;
+  int end = start;
+  while (end < text.size() && text.at(end) == character) ++end;
   QTextCursor cursor = textCursor();
-  cursor.setPosition(at);
-  cursor.setPosition(at + 1, QTextCursor::KeepAnchor);
+  cursor.setPosition(start);
+  cursor.setPosition(end, QTextCursor::KeepAnchor);
   setTextCursor(cursor);
 }
 

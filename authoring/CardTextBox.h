@@ -16,7 +16,8 @@ class CardTextBox : public QPlainTextEdit {
 
   QString SelectedText() const;
   void ReplaceSelection(const QString& text);
-  /// Selects the first occurrence of a character and shows it.
+  /// Selects the first place where a character stands, once or several times in a row, and shows
+  /// it.
   void SelectFirst(QChar character);
 
   QSize sizeHint() const override { return minimumSizeHint(); }

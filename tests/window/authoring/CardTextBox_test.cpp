@@ -44,9 +44,9 @@ TEST_F(CardTextBoxTest, AMillionCharactersAreTakenWhole) {
 }
 
 TEST_F(CardTextBoxTest, SelectsTheFirstOfACharacter) {
-  box.setPlainText("a\nb^c^");
+  box.setPlainText("a\nb^^c^");
   box.SelectFirst(u'^');
-  EXPECT_EQ(box.textCursor().selectedText(), "^");
+  EXPECT_EQ(box.textCursor().selectedText(), "^^");
   EXPECT_EQ(box.textCursor().selectionStart(), 3);
   box.SelectFirst(u'#');
   EXPECT_EQ(box.textCursor().selectionStart(), 3);

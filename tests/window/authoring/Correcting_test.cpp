@@ -146,8 +146,8 @@ TEST_F(CorrectingTest, ACaretIsExplainedShownCorrectedAndSaved) {
     EXPECT_EQ(Notice(window), "Correcting card 2. Continue goes on from it.");
     EXPECT_EQ(Shown(window, "txtFront"), "2^^3");
     EXPECT_TRUE(Box(window, "txtFront").hasFocus());
-    EXPECT_EQ(Box(window, "txtFront").textCursor().selectedText(), "^");
-    Retype(window, "txtFront", "2 to the 3");
+    EXPECT_EQ(Box(window, "txtFront").textCursor().selectedText(), "^^");
+    QTest::keyClicks(&Box(window, "txtFront"), " to the ");
     prompts.Expect(Answer::Ok);  // what was left of the first try is overwritten
     SaveEnd(window, "powers");
     EXPECT_FALSE(window.isVisible());
