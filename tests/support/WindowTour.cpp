@@ -281,12 +281,25 @@ void WindowTour::ShowAuthoring() {
   Show(editor, QStringLiteral("frmEdit-selected"));
   Show(find, QStringLiteral("frmFind"));
   {
+    TopicFonts& fonts = m_shared.Topic.Fonts;
+    const TopicFonts before = fonts;
+    fonts.FrontSize = fonts.BackSize = 32;
+    frmEdit largest(m_shared, m_platform, nullptr, find);
+    QTest::mouseClick(&Find<QWidget>(largest, "lblCol1(0)"), Qt::LeftButton);
+    Show(largest, QStringLiteral("frmEdit-32-points"));
+    fonts = before;
+  }
+  {
     frmCreate window(m_shared, m_platform, nullptr);
     Show(window, QStringLiteral("frmCreate"));
     Find<QPlainTextEdit>(window, "txtFront").setPlainText(QStringLiteral("the butterfly"));
     Find<QPlainTextEdit>(window, "txtBack").setPlainText(QStringLiteral("la mariposa"));
     Find<QLineEdit>(window, "txtBackWave").setText(QStringLiteral("mariposa.wav"));
     Show(window, QStringLiteral("frmCreate-typed"));
+    Find<QLineEdit>(window, "txtFrontPicture").setText(QStringLiteral("butterfly.png"));
+    QTest::mouseClick(&Find<QWidget>(window, "cmdCont"), Qt::LeftButton);
+    QTest::mouseClick(&Find<QWidget>(window, "cmdPrev"), Qt::LeftButton);
+    Show(window, QStringLiteral("frmCreate-correcting"));
   }
   m_shared.Switches.AddCardsMode = true;
   {
