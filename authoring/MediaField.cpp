@@ -39,8 +39,10 @@ void MediaField::ShowMark() {
                         : found ? QStringLiteral("found")
                                 : QStringLiteral("missing"));
   const Text words = MediaWords(m_kind, future, found);
-  m_mark->setText(ToQString(words));
-  m_mark->setToolTip(PlainToolTip(words));
+  // A button, whose text is its tip, too: without the name, which could pass for markup.
+  m_mark->setText(!stays  ? QStringLiteral("Saving would not keep this name")
+                  : found ? QStringLiteral("The file is there")
+                          : QStringLiteral("The file was not found"));
   setToolTip(PlainToolTip(words));
   setAccessibleDescription(ToQString(words));
 }

@@ -50,6 +50,7 @@ TEST_F(MediaFieldTest, AFileThatIsThereIsNoComfortUnderANameThatWillNotLast) {
     EXPECT_TRUE(HasMark("lost")) << name;
     EXPECT_FALSE(field.accessibleDescription().contains("is there")) << name;
   }
+  EXPECT_EQ(Mark("lost")->toolTip(), "Saving would not keep this name");
   field.setText("<b>my</b> dog.wav");
   EXPECT_EQ(field.accessibleDescription(),
             "Only dog.wav is left after saving: a name must have no blanks");
