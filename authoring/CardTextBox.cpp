@@ -21,12 +21,14 @@ bool HasLongWord(const QString& text) {
 }  // namespace
 
 CardTextBox::CardTextBox(QWidget* owner) : QPlainTextEdit(owner) {
-  // It comes before the text is laid out.
+  // Sent before what was typed or pasted is laid out.
   connect(document(), &QTextDocument::contentsChange, this, &CardTextBox::ChooseWrapping);
+  ChooseWrapping();
 }
 
 void CardTextBox::ChooseWrapping() {
-  const bool anywhere = HasLongWord(document()->toRawText());
+  // A box that is filled anew is emptied first, and lays the new text out before it tells of it.
+  const bool anywhere = document()->isEmpty() || HasLongWord(document()->toRawText());
   setWordWrapMode(anywhere ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
