@@ -30,25 +30,29 @@ function(quib_set_up_compiler)
   set(CMAKE_CXX_EXTENSIONS OFF PARENT_SCOPE)
 endfunction()
 
-# quib_add_logic(<folder> SOURCES <file>... [USES <folder>...] [LIBRARIES <target>...])
-# The folder's logic as the library quib_<folder>: standard library only, and the libraries that
-# LIBRARIES names. USES names the folders that it may include; the include lint reads the same
-# lines.
-function(quib_add_logic folder)
+# quib_add_logic(<room> SOURCES <file>... [USES <room>...] [LIBRARIES <target>...])
+# The room's logic as the library quib_<room>: standard library only, and the libraries that LIBRARIES
+# names. USES names the rooms that it may include; the include lint reads the same lines, and a test of
+# the room is linked to no others.
+function(quib_add_logic room)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES")
-  add_library(quib_${folder} STATIC ${arg_SOURCES})
-  target_include_directories(quib_${folder} PUBLIC "${PROJECT_SOURCE_DIR}")
+  add_library(quib_${room} STATIC ${arg_SOURCES})
+  target_include_directories(quib_${room} PUBLIC "${PROJECT_SOURCE_DIR}")
   list(TRANSFORM arg_USES PREPEND quib_)
-  target_link_libraries(quib_${folder} PUBLIC ${arg_USES}
-                                           PRIVATE ${arg_LIBRARIES} quib_options)
+  target_link_libraries(quib_${room} PUBLIC ${arg_USES}
+                                         PRIVATE ${arg_LIBRARIES} quib_options)
 endfunction()
 
-# quib_add_windows(SOURCES <file>... USES <folder>...)
-# Adds the folder's windows to the one library quib_windows.
-function(quib_add_windows)
-  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" "SOURCES;USES")
-  list(TRANSFORM arg_SOURCES PREPEND "${CMAKE_CURRENT_SOURCE_DIR}/")
+# quib_add_windows(<room> SOURCES <file>... USES <room>... [LIBRARIES <target>...])
+# The room windows/<room> as the library quib_windows_<room>. USES names rooms of the logic, and rooms of
+# the windows as windows/<room>.
+function(quib_add_windows room)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES;LIBRARIES")
+  add_library(quib_windows_${room} STATIC ${arg_SOURCES})
+  target_include_directories(quib_windows_${room} PUBLIC "${PROJECT_SOURCE_DIR}")
+  list(TRANSFORM arg_USES REPLACE "/" "_")
   list(TRANSFORM arg_USES PREPEND quib_)
-  target_sources(quib_windows PRIVATE ${arg_SOURCES})
-  target_link_libraries(quib_windows PUBLIC ${arg_USES})
+  target_link_libraries(quib_windows_${room} PUBLIC ${arg_USES} ${arg_LIBRARIES}
+                                                 PRIVATE quib_options)
+  set_target_properties(quib_windows_${room} PROPERTIES AUTOMOC ON AUTORCC ON)
 endfunction()

@@ -71,7 +71,7 @@ def main():
     build = pathlib.Path(sys.argv[1]).resolve()
     medians = run_benchmarks(build, sys.argv[2:])
     with tempfile.TemporaryDirectory() as pictures:
-        program = process.measure(build / "shell" / "quibcards",
+        program = process.measure(build / "bin" / "quibcards",
                                   ROOT / "samples" / "spanish-300-words.QBC", pictures)
 
     print(f"{'What':48}{'Median':>10}{'':5}{'Goal':>10}")

@@ -1,9 +1,9 @@
 #include "base/CodePage.h"
 #include "base/DiskFiles.h"
-#include "base/QtText.h"
 #include "cards/StackFileOperations.h"
-#include "printing/StackPrinter.h"
 #include "tests/support/SilentServices.h"
+#include "windows/frame/QtText.h"
+#include "windows/printing/StackPrinter.h"
 
 #include <QBuffer>
 #include <QDir>

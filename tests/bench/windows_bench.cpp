@@ -1,10 +1,10 @@
-#include "base/QtText.h"
-#include "settings/DisplayFont.h"
-#include "shell/ProgramApplication.h"
-#include "study/PictureBox.h"
-#include "study/StudyWindows.h"
-#include "study/frmStepper.h"
 #include "tests/support/QuietProgram.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/ProgramApplication.h"
+#include "windows/frame/QtText.h"
+#include "windows/study/PictureBox.h"
+#include "windows/study/StudyWindows.h"
+#include "windows/study/frmStepper.h"
 
 #include <QApplication>
 #include <QDir>

@@ -97,7 +97,7 @@ def expect_good_guest(desktop):
 
 
 def session(build, pictures):
-    program = pathlib.Path(build) / "shell" / "quibcards"
+    program = pathlib.Path(build) / "bin" / "quibcards"
     with WaylandDesktop(program, pictures, reader=True) as desktop:
         journey = WaylandJourney(desktop)
         journey.write_settings(settings_of("General"))

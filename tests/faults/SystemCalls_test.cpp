@@ -1,5 +1,5 @@
 #include "cards/StackFileOperations.h"
-#include "shell/StackTopics.h"
+#include "program/StackTopics.h"
 #include "tests/faults/Scenario.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 
 #include "base/Paths.h"
 #include "cards/CardStack.h"
-#include "convert/Check.h"
-#include "convert/Formats.h"
+#include "decks/Formats.h"
+#include "quibconv/Check.h"
 #include "tests/fuzz/Require.h"
 #include "tests/support/MemoryFiles.h"
 

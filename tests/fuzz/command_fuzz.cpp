@@ -1,6 +1,6 @@
 #include "base/LetterCase.h"
 #include "base/Paths.h"
-#include "shell/CommandLine.h"
+#include "program/CommandLine.h"
 #include "tests/fuzz/Require.h"
 #include "tests/support/MemoryFiles.h"
 

@@ -3,7 +3,7 @@
 #include "base/LetterCase.h"
 #include "base/Paths.h"
 #include "cards/SideLine.h"
-#include "convert/MediaCopy.h"
+#include "decks/MediaCopy.h"
 #include "study/MediaFiles.h"
 #include "tests/fuzz/Require.h"
 #include "tests/support/MemoryFiles.h"

@@ -1,5 +1,5 @@
-#include "study/PictureDecoder.h"
 #include "tests/fuzz/Require.h"
+#include "windows/study/PictureDecoder.h"
 
 #include <QCoreApplication>
 

@@ -1,5 +1,5 @@
-#include "study/SoundFile.h"
 #include "tests/fuzz/Require.h"
+#include "windows/study/SoundFile.h"
 
 #include <cstdint>
 #include <string>

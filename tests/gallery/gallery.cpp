@@ -1,9 +1,9 @@
 // Opens every window in its states, without a display, and leaves a picture of each in a folder:
 // for looking at. With --fit it looks by itself whether all of them fit on the screen.
 
-#include "settings/DisplayFont.h"
-#include "shell/ProgramApplication.h"
 #include "tests/support/WindowTour.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/ProgramApplication.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,9 +1,9 @@
 #include "tests/monkey/Checks.h"
 
-#include "base/QtText.h"
 #include "cards/StackReader.h"
 #include "settings/ProfileText.h"
 #include "tests/support/MemoryFiles.h"
+#include "windows/frame/QtText.h"
 
 #include <QApplication>
 #include <QDirIterator>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "shell/SharedState.h"
+#include "program/SharedState.h"
 
 #include <QDir>
 #include <QString>

@@ -1,14 +1,14 @@
 // Clicks and types at random through all windows of the program, as a monkey would, and stops at
 // the first thing that is not as it must be. The same seed makes the same choices.
 
-#include "base/QtText.h"
-#include "settings/DisplayFont.h"
-#include "shell/DesktopServices.h"
-#include "shell/ProgramApplication.h"
-#include "shell/frmStartup.h"
 #include "tests/monkey/Fence.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/support/ScriptedRandom.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/ProgramApplication.h"
+#include "windows/frame/QtText.h"
+#include "windows/main/DesktopServices.h"
+#include "windows/main/frmStartup.h"
 
 #include <QDirIterator>
 #include <QElapsedTimer>

@@ -2,33 +2,33 @@
 // sounds, windows opened and closed, stacks loaded and removed. Ends with status 1 when the heap
 // keeps growing.
 
-#include "authoring/frmCreate.h"
-#include "authoring/frmDesc.h"
-#include "authoring/frmEdit.h"
-#include "authoring/frmFind.h"
 #include "base/DiskFiles.h"
 #include "base/Paths.h"
-#include "base/QtText.h"
 #include "cards/StackFileOperations.h"
-#include "cards/frmLoad.h"
-#include "keys/frmAddKey.h"
-#include "keys/frmKeys.h"
-#include "keys/frmMoreKeys.h"
-#include "printing/frmPrint.h"
-#include "settings/DisplayFont.h"
-#include "settings/frmConfig.h"
-#include "shell/DesktopHelp.h"
-#include "shell/ProgramApplication.h"
-#include "shell/frmAboutBox.h"
-#include "shell/frmHelp.h"
-#include "shell/frmMain.h"
-#include "shell/frmStartup.h"
-#include "study/DesktopSound.h"
-#include "study/frmStepper.h"
-#include "study/frmTime.h"
 #include "tests/soak/Memory.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedRandom.h"
+#include "windows/authoring/frmCreate.h"
+#include "windows/authoring/frmEdit.h"
+#include "windows/authoring/frmFind.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/ProgramApplication.h"
+#include "windows/frame/QtText.h"
+#include "windows/help/DesktopHelp.h"
+#include "windows/help/frmHelp.h"
+#include "windows/keys/frmAddKey.h"
+#include "windows/keys/frmKeys.h"
+#include "windows/keys/frmMoreKeys.h"
+#include "windows/main/frmAboutBox.h"
+#include "windows/main/frmMain.h"
+#include "windows/main/frmStartup.h"
+#include "windows/printing/frmPrint.h"
+#include "windows/stacks/frmDesc.h"
+#include "windows/stacks/frmLoad.h"
+#include "windows/study/DesktopSound.h"
+#include "windows/study/frmStepper.h"
+#include "windows/study/frmTime.h"
+#include "windows/topics/frmConfig.h"
 
 #include <QAbstractButton>
 #include <QLocale>
@@ -71,7 +71,9 @@ class CountingSound : public SoundPlayer {
 class Soak {
  public:
   explicit Soak(const Text& settingsFolder)
-      : m_files(settingsFolder), m_profile(m_files, settingsFolder + u"/QUIBCRDS.INI") {
+      : m_files(settingsFolder),
+        m_profile(m_files, settingsFolder + u"/QUIBCRDS.INI"),
+        m_state(m_files, settingsFolder + u"/state") {
     InitSettings(m_profile);
     m_profile.WriteString(TopicsSection, u"1", u"Spanish");
     LoadTopicList(m_shared.Topics, m_profile);
@@ -261,9 +263,11 @@ class Soak {
   ProfileFile m_profile;
   CountingSound m_sound;
   DesktopHelp m_help{m_prompts, {}};
+  RememberedState m_state;
   SharedState m_shared;
   Platform m_platform{m_prompts, m_files, m_profile,
-                      m_help,    m_sound, [] { return std::make_unique<SeededRandom>(1); }};
+                      m_help,    m_sound, [] { return std::make_unique<SeededRandom>(1); },
+                      m_state};
   StudyWindows m_studyWindows{m_shared, m_platform};
   std::vector<Kind> m_windows;
 };

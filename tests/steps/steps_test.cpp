@@ -1,5 +1,5 @@
-#include "convert/Formats.h"
-#include "convert/TextEncoding.h"
+#include "decks/Formats.h"
+#include "decks/TextEncoding.h"
 #include "tests/steps/StepCounter.h"
 
 #include <gtest/gtest.h>

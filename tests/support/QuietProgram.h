@@ -1,13 +1,13 @@
 #pragma once
 
 #include "base/DiskFiles.h"
-#include "base/QtText.h"
+#include "program/Platform.h"
+#include "program/SharedState.h"
 #include "settings/ProfileFile.h"
-#include "shell/Platform.h"
-#include "shell/SharedState.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedRandom.h"
 #include "tests/support/SilentServices.h"
+#include "windows/frame/QtText.h"
 
 #include <QDir>
 

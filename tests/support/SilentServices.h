@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Prompts.h"
-#include "shell/HelpContexts.h"
+#include "program/HelpContexts.h"
 #include "study/SoundPlayer.h"
 
 /// Answers every question at once: an OK box with OK, any other with the given answer.

@@ -1,27 +1,27 @@
 #include "tests/support/WindowTour.h"
 
-#include "authoring/frmCreate.h"
-#include "authoring/frmDesc.h"
-#include "authoring/frmEdit.h"
-#include "authoring/frmFind.h"
 #include "base/Paths.h"
-#include "base/QtText.h"
 #include "cards/StackFileOperations.h"
-#include "cards/frmLoad.h"
-#include "keys/frmAddKey.h"
-#include "keys/frmKeys.h"
-#include "keys/frmMoreKeys.h"
-#include "printing/frmPrint.h"
-#include "settings/frmConfig.h"
-#include "shell/DesktopPrompts.h"
-#include "shell/HelpBook.h"
-#include "shell/frmAboutBox.h"
-#include "shell/frmHelp.h"
-#include "shell/frmMain.h"
-#include "shell/frmStartup.h"
-#include "study/PictureBox.h"
-#include "study/frmStepper.h"
-#include "study/frmTime.h"
+#include "windows/authoring/frmCreate.h"
+#include "windows/authoring/frmEdit.h"
+#include "windows/authoring/frmFind.h"
+#include "windows/frame/QtText.h"
+#include "windows/help/HelpBook.h"
+#include "windows/help/frmHelp.h"
+#include "windows/keys/frmAddKey.h"
+#include "windows/keys/frmKeys.h"
+#include "windows/keys/frmMoreKeys.h"
+#include "windows/main/DesktopPrompts.h"
+#include "windows/main/frmAboutBox.h"
+#include "windows/main/frmMain.h"
+#include "windows/main/frmStartup.h"
+#include "windows/printing/frmPrint.h"
+#include "windows/stacks/frmDesc.h"
+#include "windows/stacks/frmLoad.h"
+#include "windows/study/PictureBox.h"
+#include "windows/study/frmStepper.h"
+#include "windows/study/frmTime.h"
+#include "windows/topics/frmConfig.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -152,7 +152,7 @@ void WindowTour::ShowMessageBox(const Prompt& prompt, const QString& name) {
 
 void WindowTour::ShowHelp() {
   const QDir program(QCoreApplication::applicationDirPath());
-  HelpBook book(program.filePath(QStringLiteral("../../shell/") + ToQString(Text(HelpFileName))));
+  HelpBook book(program.filePath(QStringLiteral("../../bin/") + ToQString(Text(HelpFileName))));
   if (!book.IsOpen()) throw std::runtime_error("no help file");
   frmHelp viewer(book);
   viewer.ShowPage(HelpContext::Index);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "study/StudyWindows.h"
 #include "tests/support/QuietProgram.h"
+#include "windows/study/StudyWindows.h"
 
 #include <QDir>
 #include <QString>

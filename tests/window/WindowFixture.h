@@ -1,12 +1,12 @@
 #pragma once
 
-#include "base/QtText.h"
-#include "shell/Platform.h"
-#include "shell/SharedState.h"
+#include "program/Platform.h"
+#include "program/SharedState.h"
 #include "tests/support/MemoryFiles.h"
 #include "tests/support/ScriptedPrompts.h"
 #include "tests/support/ScriptedRandom.h"
 #include "tests/support/TextPrinters.h"
+#include "windows/frame/QtText.h"
 
 #include <QAbstractButton>
 #include <QAction>

@@ -1,5 +1,5 @@
-#include "settings/DisplayFont.h"
-#include "shell/ProgramApplication.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/ProgramApplication.h"
 
 #include <QLocale>
 

@@ -1,6 +1,6 @@
-#include "authoring/frmEdit.h"
-#include "authoring/frmFind.h"
 #include "tests/window/study/StudyFixture.h"
+#include "windows/authoring/frmEdit.h"
+#include "windows/authoring/frmFind.h"
 
 #include <QCheckBox>
 #include <QClipboard>

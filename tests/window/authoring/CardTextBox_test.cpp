@@ -1,4 +1,4 @@
-#include "authoring/CardTextBox.h"
+#include "windows/authoring/CardTextBox.h"
 
 #include "tests/window/WindowFixture.h"
 

@@ -1,5 +1,5 @@
-#include "authoring/frmCreate.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/authoring/frmCreate.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
-#include "authoring/EditMenu.h"
+#include "windows/authoring/EditMenu.h"
 
-#include "authoring/frmCreate.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/authoring/frmCreate.h"
 
 #include <QMimeData>
 

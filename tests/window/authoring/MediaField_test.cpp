@@ -1,7 +1,7 @@
-#include "authoring/MediaField.h"
+#include "windows/authoring/MediaField.h"
 
-#include "shell/Icons.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/frame/Icons.h"
 
 #include <QDropEvent>
 #include <QMimeData>

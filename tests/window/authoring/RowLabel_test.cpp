@@ -1,4 +1,4 @@
-#include "authoring/RowLabel.h"
+#include "windows/authoring/RowLabel.h"
 
 #include "tests/window/WindowFixture.h"
 

@@ -1,8 +1,8 @@
-#include "authoring/RowLabel.h"
-#include "authoring/frmCreate.h"
-#include "authoring/frmEdit.h"
-#include "authoring/frmFind.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/authoring/RowLabel.h"
+#include "windows/authoring/frmCreate.h"
+#include "windows/authoring/frmEdit.h"
+#include "windows/authoring/frmFind.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "authoring/frmCreate.h"
+#include "windows/authoring/frmCreate.h"
 
-#include "keys/frmKeys.h"
-#include "keys/frmMoreKeys.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/keys/frmKeys.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include <QMimeData>
 #include <QScrollBar>

@@ -1,11 +1,11 @@
-#include "authoring/frmEdit.h"
+#include "windows/authoring/frmEdit.h"
 
-#include "authoring/RowLabel.h"
-#include "authoring/frmCreate.h"
-#include "authoring/frmFind.h"
 #include "cards/StackFileOperations.h"
-#include "settings/frmConfig.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/authoring/RowLabel.h"
+#include "windows/authoring/frmCreate.h"
+#include "windows/authoring/frmFind.h"
+#include "windows/topics/frmConfig.h"
 
 #include <QLayout>
 #include <QListWidget>

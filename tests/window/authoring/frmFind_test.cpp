@@ -1,8 +1,8 @@
-#include "authoring/frmFind.h"
+#include "windows/authoring/frmFind.h"
 
-#include "keys/frmMoreKeys.h"
-#include "shell/Pointer.h"
 #include "tests/window/authoring/AuthoringFixture.h"
+#include "windows/frame/Pointer.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include <QCheckBox>
 #include <QScrollBar>

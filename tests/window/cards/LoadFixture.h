@@ -1,8 +1,8 @@
 #pragma once
 
-#include "authoring/frmDesc.h"
-#include "cards/frmLoad.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/stacks/frmDesc.h"
+#include "windows/stacks/frmLoad.h"
 
 #include <QLineEdit>
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "keys/CardField.h"
+#include "windows/keys/CardField.h"
 
 #include "tests/window/WindowFixture.h"
 

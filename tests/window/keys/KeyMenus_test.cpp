@@ -1,9 +1,9 @@
-#include "keys/KeyMenus.h"
+#include "windows/keys/KeyMenus.h"
 
-#include "keys/CardField.h"
-#include "keys/frmKeys.h"
-#include "keys/frmMoreKeys.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/keys/CardField.h"
+#include "windows/keys/frmKeys.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "keys/VirtualKeys.h"
+#include "windows/keys/VirtualKeys.h"
 
 #include <QKeyEvent>
 

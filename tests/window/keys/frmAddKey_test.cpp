@@ -1,9 +1,9 @@
-#include "keys/frmAddKey.h"
+#include "windows/keys/frmAddKey.h"
 
-#include "keys/frmMoreKeys.h"
-#include "settings/DisplayFont.h"
-#include "shell/Pointer.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/frame/DisplayFont.h"
+#include "windows/frame/Pointer.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
-#include "keys/frmKeys.h"
+#include "windows/keys/frmKeys.h"
 
-#include "keys/frmMoreKeys.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include <QGroupBox>
 #include <QScrollBar>

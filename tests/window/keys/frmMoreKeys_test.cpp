@@ -1,4 +1,4 @@
-#include "keys/frmMoreKeys.h"
+#include "windows/keys/frmMoreKeys.h"
 
 #include "keys/KeyPickers.h"
 #include "tests/window/WindowFixture.h"

@@ -1,7 +1,7 @@
-#include "printing/PrintingServices.h"
+#include "windows/printing/PrintingServices.h"
 
-#include "base/QtText.h"
 #include "settings/TopicSettings.h"
+#include "windows/frame/QtText.h"
 
 #include <QFontDatabase>
 #include <QPrinter>

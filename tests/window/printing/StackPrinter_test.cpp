@@ -1,4 +1,4 @@
-#include "printing/StackPrinter.h"
+#include "windows/printing/StackPrinter.h"
 
 #include "base/DiskFiles.h"
 #include "cards/StackReader.h"

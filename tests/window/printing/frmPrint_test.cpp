@@ -1,4 +1,4 @@
-#include "printing/frmPrint.h"
+#include "windows/printing/frmPrint.h"
 
 #include "tests/window/WindowFixture.h"
 

@@ -1,6 +1,6 @@
-#include "study/PictureBox.h"
 #include "tests/support/PictureBytes.h"
 #include "tests/window/study/StudyFixture.h"
+#include "windows/study/PictureBox.h"
 
 #include <QDir>
 #include <QImage>

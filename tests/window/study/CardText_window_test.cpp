@@ -1,4 +1,4 @@
-#include "shell/Zoom.h"
+#include "program/Zoom.h"
 #include "tests/window/study/StudyFixture.h"
 
 #include <QLineEdit>

@@ -1,7 +1,7 @@
-#include "study/DesktopSound.h"
+#include "windows/study/DesktopSound.h"
 
 #include "base/Paths.h"
-#include "study/SoundFile.h"
+#include "windows/study/SoundFile.h"
 
 #include <QAction>
 #include <QApplication>

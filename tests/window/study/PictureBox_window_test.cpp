@@ -1,7 +1,7 @@
 #include "base/Paths.h"
-#include "base/QtText.h"
-#include "study/PictureBox.h"
 #include "tests/support/PictureBytes.h"
+#include "windows/frame/QtText.h"
+#include "windows/study/PictureBox.h"
 
 #include <QBuffer>
 #include <QCoreApplication>

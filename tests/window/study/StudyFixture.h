@@ -1,8 +1,8 @@
 #pragma once
 
-#include "study/StudyWindows.h"
-#include "study/frmStepper.h"
 #include "tests/window/WindowFixture.h"
+#include "windows/study/StudyWindows.h"
+#include "windows/study/frmStepper.h"
 
 /// Opens study windows whose cards are drawn from a list.
 class StudyWindowTest : public WindowTest {

@@ -1,4 +1,4 @@
-#include "study/frmStepper.h"
+#include "windows/study/frmStepper.h"
 
 #include "tests/window/study/StudyFixture.h"
 

@@ -1,4 +1,4 @@
-#include "study/frmTime.h"
+#include "windows/study/frmTime.h"
 
 #include "tests/window/WindowFixture.h"
 

@@ -1,0 +1,135 @@
+#include "decks/DelimitedText.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Fields = std::vector<Text>;
+
+int Parse(TextView text, char separator, QuoteRule rule, int firstLine,
+          std::vector<DelimitedRow>& rows) {
+  const TableEnd end = ReadDelimited(text, separator, rule, firstLine,
+                                     [&](DelimitedRow& row) { rows.push_back(std::move(row)); });
+  EXPECT_EQ(end.tooLargeLine, 0);
+  return end.brokenLine;
+}
+
+std::vector<DelimitedRow> Parsed(TextView text, char separator,
+                                 QuoteRule rule = QuoteRule::Strict) {
+  std::vector<DelimitedRow> rows;
+  EXPECT_EQ(Parse(text, separator, rule, 1, rows), 0);
+  return rows;
+}
+
+TEST(ReadDelimited, TakesEveryLineEnd) {
+  for (const TextView end : {u"\n", u"\r\n", u"\r"}) {
+    const Text text = Text(u"a,b").append(end).append(u"c,d");
+    const auto rows = Parsed(text, ',');
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows[0].fields, (Fields{u"a", u"b"}));
+    EXPECT_EQ(rows[1].fields, (Fields{u"c", u"d"}));
+    EXPECT_EQ(rows[1].line, 2);
+  }
+}
+
+TEST(ReadDelimited, EmptyLinesGiveNoRow) {
+  const auto rows = Parsed(u"\n\na\n\n\r\nb\n\n", ',');
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].line, 3);
+  EXPECT_EQ(rows[1].line, 6);
+  EXPECT_TRUE(Parsed(u"", ',').empty());
+}
+
+TEST(ReadDelimited, QuotedFieldsHoldEverything) {
+  const auto rows = Parsed(u"\"a,\"\"b\"\"\r\nc\",\"\"\r\nnext,", ',');
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].fields, (Fields{u"a,\"b\"\r\nc", u""}));
+  EXPECT_EQ(rows[0].line, 1);
+  EXPECT_EQ(rows[1].fields, (Fields{u"next", u""}));
+  EXPECT_EQ(rows[1].line, 3);
+}
+
+TEST(ReadDelimited, BlanksBelongToTheField) {
+  EXPECT_EQ(Parsed(u" a , b\t", ',').front().fields, (Fields{u" a ", u" b\t"}));
+}
+
+TEST(ReadDelimited, SaysWhereTheRulesAreBroken) {
+  std::vector<DelimitedRow> rows;
+  EXPECT_EQ(Parse(u"a,b\nsay \"hi\",c\n", ',', QuoteRule::Strict, 1, rows), 2);
+  rows.clear();
+  EXPECT_EQ(Parse(u"a\n\"open\nb\nc", ',', QuoteRule::Strict, 10, rows), 11);
+}
+
+TEST(ReadDelimited, LenientKeepsAQuoteInsideAField) {
+  EXPECT_EQ(Parsed(u"say \"hi\",c", ',', QuoteRule::Lenient).front().fields,
+            (Fields{u"say \"hi\"", u"c"}));
+}
+
+TEST(ReadDelimited, WithoutQuotesTheyAreCharacters) {
+  EXPECT_EQ(Parsed(u"\"hi\" he said\t\"x", '\t', QuoteRule::None).front().fields,
+            (Fields{u"\"hi\" he said", u"\"x"}));
+  EXPECT_EQ(Parsed(Text(u"a\0b", 3), '\t', QuoteRule::None).front().fields, (Fields{u"a\uFFFDb"}));
+}
+
+TEST(ReadDelimited, PartsNoCharacterOfALongLine) {
+  // Pieces of 65,536 units reach the parser: one would end inside the dog.
+  const Text field = Text(65'535, u'x') + u"\U0001F415\"\U0001F415";
+  const auto rows = Parsed(u"a," + field + u"\r\nb,c", ',', QuoteRule::Lenient);
+  ASSERT_EQ(rows.size(), 2U);
+  EXPECT_EQ(rows[0].fields, (Fields{u"a", field}));
+  EXPECT_EQ(rows[1].line, 2);
+  EXPECT_EQ(Parsed(Text(65'535, u'x') + u"\r\ny", ',')[1].line, 2);
+}
+
+TEST(ReadDelimited, WhatIsNoTableIsTooLarge) {
+  const auto tooLargeLine = [](const Text& text) {
+    return ReadDelimited(text, ',', QuoteRule::Lenient, 1, {}).tooLargeLine;
+  };
+  EXPECT_EQ(tooLargeLine(u"a\n" + Text(MostFields - 1, u',')), 0);
+  EXPECT_EQ(tooLargeLine(u"a\n" + Text(MostFields, u',')), 2);
+  EXPECT_EQ(tooLargeLine(u"a\n" + Text(LongestField, u'x')), 0);
+  EXPECT_EQ(tooLargeLine(u"a\nb," + Text(LongestField + 1, u'x')), 2);
+}
+
+TEST(FindFittingRule, FallsBackAndSaysWhere) {
+  const FittingRule none = FindFittingRule(u"a\tb\n\"hi\" x\ty", '\t', QuoteRule::None, 1);
+  EXPECT_EQ(none.rule, QuoteRule::None);
+  EXPECT_EQ(none.strictBrokenLine, 2);
+  EXPECT_TRUE(none.end.IsWell());
+  EXPECT_EQ(FindFittingRule(u"a,b\n\"open,y", ',', QuoteRule::Lenient, 1).end.brokenLine, 2);
+  EXPECT_EQ(FindFittingRule(u"a,\"b\"", ',', QuoteRule::Lenient, 1).strictBrokenLine, 0);
+}
+
+TEST(GuessSeparator, CountsOutsideQuotesInTheFirstLine) {
+  EXPECT_EQ(GuessSeparator(u"a;b\nc,d,e,f", ','), ';');
+  EXPECT_EQ(GuessSeparator(u"\"a;;;\",b", ';'), ',');
+  EXPECT_EQ(GuessSeparator(u"a\tb", ','), '\t');
+  EXPECT_EQ(GuessSeparator(u"a,b;c", ','), ',');  // as many of both
+  EXPECT_EQ(GuessSeparator(u"word", '|'), '|');
+  EXPECT_EQ(GuessSeparator(u"", ','), ',');
+}
+
+TEST(AppendRow, QuotesWhatNeedsIt) {
+  Text text;
+  AppendRow(text,
+            {u"plain", u"a,b", u"say \"x\"", u"two\r\nlines", u" blank", u"#no remark", u"a;b"},
+            ',');
+  EXPECT_EQ(
+      text,
+      u"plain,\"a,b\",\"say \"\"x\"\"\",\"two\r\nlines\",\" blank\",\"#no remark\",\"a;b\"\r\n");
+}
+
+TEST(AppendRow, TabsNeedNoQuotesAroundCommas) {
+  Text text;
+  AppendRow(text, {u"street, road", u"a;b"}, '\t');
+  EXPECT_EQ(text, u"street, road\ta;b\r\n");
+}
+
+TEST(AppendRow, ARowOfNothingIsNoEmptyLine) {
+  Text text;
+  AppendRow(text, {u""}, ',');
+  EXPECT_EQ(text, u"\"\"\r\n");
+  EXPECT_EQ(Parsed(text, ',').size(), 1U);
+}
+
+}  // namespace

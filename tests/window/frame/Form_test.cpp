@@ -1,0 +1,32 @@
+#include "windows/frame/Form.h"
+
+#include "tests/window/WindowFixture.h"
+
+namespace {
+
+/// Counts what a control still tells the window when both are going.
+class GoingWindow : public Form {
+ public:
+  GoingWindow(SharedState& shared, Platform& platform, int& told)
+      : Form("GoingWindow", shared, platform, nullptr) {
+    auto* const control = Add<QLabel>(QStringLiteral("control"));
+    connect(control, &QObject::destroyed, this, [&told] { ++told; });
+  }
+};
+
+using FormTest = WindowTest;
+
+TEST_F(FormTest, AWindowThatIsGoingIsToldNothingByItsControls) {
+  int told = 0;
+  { const GoingWindow window(shared, platform, told); }
+  EXPECT_EQ(told, 0);
+}
+
+TEST_F(FormTest, AWindowThatStaysIsToldByItsControls) {
+  int told = 0;
+  const GoingWindow window(shared, platform, told);
+  delete &Find<QLabel>(const_cast<GoingWindow&>(window), "control");
+  EXPECT_EQ(told, 1);
+}
+
+}  // namespace
