@@ -17,6 +17,7 @@ namespace {
 
 constexpr auto Frame = 16ms;  // of a screen, at 60 a second
 constexpr auto Pace = 5ms;
+constexpr auto LongestWait = 5s;  // without keys and clicks
 constexpr int LineWidth = 1;
 constexpr int LineOpacity = 96;  // of 255: seen on any card, and quieter than its text
 
@@ -31,7 +32,8 @@ QSize LargestScreen() {
 
 }  // namespace
 
-PictureBox::PictureBox(QWidget* owner) : QWidget(owner) {
+PictureBox::PictureBox(QWidget* owner, PictureTime time)
+    : QWidget(owner), m_loader(std::move(time)) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   setMinimumSize(80, 60);
   SetAccessibleRole(this, QAccessible::Graphic);
@@ -58,7 +60,7 @@ void PictureBox::Show(const QString& path) {
 void PictureBox::WaitUntilLoaded() {
   if (!IsLoading()) return;
   const QPointer<PictureBox> alive(this);
-  while (alive != nullptr && IsLoading()) {
+  while (alive != nullptr && IsLoading() && m_loader.Age() < LongestWait) {
     TakeResult(Pace);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   }

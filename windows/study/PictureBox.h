@@ -15,13 +15,14 @@ class PictureBox : public QWidget {
   Q_OBJECT
 
  public:
-  explicit PictureBox(QWidget* owner);
+  explicit PictureBox(QWidget* owner, PictureTime time = {});
 
   /// Shows the file; an empty path clears the box. Most pictures are there on return; one that
   /// takes longer than a frame of the screen follows when it is decoded.
   void Show(const QString& path);
 
-  /// Returns once the picture is there, or was given up. Windows are painted meanwhile, keys and
+  /// Returns once the picture is there, or was given up, or five seconds after Show; it then
+  /// follows by itself. Windows are painted meanwhile, keys and
   /// clicks wait. The box may be deleted on return: a window may close meanwhile.
   void WaitUntilLoaded();
 

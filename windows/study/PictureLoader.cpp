@@ -11,9 +11,21 @@ using Clock = std::chrono::steady_clock;
 
 /// What the window's thread and the decoding thread tell each other.
 struct PictureLoader::Job {
-  explicit Job(Clock::time_point end) : deadline(end) {}
+  explicit Job(PictureTime times) : time(std::move(times)), start(time.passed()) {}
 
-  bool MayGoOn() const { return !cancelled && Clock::now() < deadline; }
+  std::chrono::nanoseconds Age() const { return time.passed() - start; }
+  bool HasExpired() const { return Age() >= time.mostPassed; }
+
+  /// Asked by the decoding thread, for every byte of some files. Reading its own clock is slow, and
+  /// needless as long as not even that much time has passed.
+  bool MayGoOn() {
+    const std::chrono::nanoseconds age = Age();
+    if (cancelled || age >= time.mostPassed) return false;
+    if (age < nextLook) return true;
+    const std::chrono::nanoseconds left = time.mostComputed - time.computed();
+    nextLook = age + left;
+    return left > 0ns;
+  }
 
   void End(DecodedPicture picture) {
     const std::lock_guard lock(mutex);
@@ -21,12 +33,14 @@ struct PictureLoader::Job {
     ended = true;
     change.notify_all();
   }
-  bool HasEndedBy(Clock::time_point time) {
+  bool HasEndedBy(Clock::time_point end) {
     std::unique_lock lock(mutex);
-    return change.wait_until(lock, time, [this] { return ended; });
+    return change.wait_until(lock, end, [this] { return ended; });
   }
 
-  const Clock::time_point deadline;
+  const PictureTime time;
+  const std::chrono::nanoseconds start;
+  std::chrono::nanoseconds nextLook = time.mostComputed;  // the decoding thread's
   std::atomic<bool> cancelled = false;
   std::mutex mutex;
   std::condition_variable change;
@@ -43,10 +57,10 @@ PictureLoader::~PictureLoader() {
 
 void PictureLoader::Start(const std::string& path, QSize bounds) {
   Cancel();
-  m_job = std::make_shared<Job>(Clock::now() + m_timeLimit);
+  m_job = std::make_shared<Job>(m_time);
   std::thread([job = m_job, before = std::exchange(m_last, m_job), path, bounds] {
     // Two at a time could need twice the memory.
-    const bool free = before == nullptr || before->HasEndedBy(job->deadline);
+    const bool free = before == nullptr || before->HasEndedBy(Clock::now() + job->time.mostPassed);
     job->End(free ? DecodePictureFile(path, bounds, [&] { return job->MayGoOn(); })
                   : DecodedPicture{.fault = PictureFault::TooSlow});
   }).detach();
@@ -57,6 +71,10 @@ void PictureLoader::Cancel() {
   m_job = nullptr;
 }
 
+std::chrono::nanoseconds PictureLoader::Age() const {
+  return m_job == nullptr ? 0ns : m_job->Age();
+}
+
 bool PictureLoader::Take(std::chrono::milliseconds wait, DecodedPicture& picture) {
   if (m_job == nullptr) return false;
   if (m_job->HasEndedBy(Clock::now() + wait)) {
@@ -64,7 +82,7 @@ bool PictureLoader::Take(std::chrono::milliseconds wait, DecodedPicture& picture
     m_job = nullptr;
     return true;
   }
-  if (m_job->MayGoOn()) return false;
+  if (!m_job->HasExpired()) return false;
   picture = {.fault = PictureFault::TooSlow};
   Cancel();
   return true;

@@ -1,19 +1,17 @@
 #pragma once
 
 #include "windows/study/PictureDecoder.h"
+#include "windows/study/PictureTime.h"
 
 #include <chrono>
 #include <memory>
 #include <string>
+#include <utility>
 
 /// Reads and decodes picture files in a thread of its own, one at a time.
 class PictureLoader {
  public:
-  /// What a picture may take from Start on; it is left out then.
-  static constexpr std::chrono::milliseconds TimeLimit{5000};
-
-  explicit PictureLoader(std::chrono::milliseconds timeLimit = TimeLimit)
-      : m_timeLimit(timeLimit) {}
+  explicit PictureLoader(PictureTime time = {}) : m_time(std::move(time)) {}
   PictureLoader(const PictureLoader&) = delete;
   PictureLoader& operator=(const PictureLoader&) = delete;
   ~PictureLoader();
@@ -25,6 +23,9 @@ class PictureLoader {
   /// From Start until the result was taken, or Cancel.
   bool IsLoading() const { return m_job != nullptr; }
 
+  /// What has passed since Start; zero when nothing is loading.
+  std::chrono::nanoseconds Age() const;
+
   /// Waits for the result, at most so long, and takes it.
   /// @return false when there is none yet
   bool Take(std::chrono::milliseconds wait, DecodedPicture& picture);
@@ -32,7 +33,7 @@ class PictureLoader {
  private:
   struct Job;
 
-  std::chrono::milliseconds m_timeLimit;
+  PictureTime m_time;
   std::shared_ptr<Job> m_job;   // null when nothing is wanted
   std::shared_ptr<Job> m_last;  // the last thread's, which may not have ended yet
 };

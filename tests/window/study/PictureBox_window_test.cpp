@@ -1,6 +1,4 @@
-#include "base/Paths.h"
 #include "tests/support/PictureBytes.h"
-#include "windows/frame/QtText.h"
 #include "windows/study/PictureBox.h"
 
 #include <QBuffer>
@@ -60,7 +58,7 @@ class PictureBoxTest : public testing::Test {
 
   void ShowWhole(const QString& path) {
     box.Show(path);
-    box.WaitUntilLoaded();
+    while (box.IsLoading()) box.WaitUntilLoaded();  // however slow the machine is
   }
 
   void ExpectFault(const QString& path, PictureFault fault) {
@@ -263,19 +261,6 @@ TEST(DecodePicture, FitsIntoItsBounds) {
   EXPECT_EQ(picture.fullSize, QSize(500, 20));
   EXPECT_EQ(picture.image.size(), QSize(100, 4));
   EXPECT_EQ(DecodePicture(Bmp(3000, 1), {100, 100}, always).image.size(), QSize(100, 1));
-}
-
-TEST(PictureLoader, GivesUpWhatTakesTooLong) {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(QStringLiteral("red.bmp"));
-  ASSERT_TRUE(QImage(2000, 2000, QImage::Format_RGB32).save(path));
-  PictureLoader loader(0ms);
-  loader.Start(EncodePath(ToText(path)), {100, 100});
-  DecodedPicture picture;
-  EXPECT_TRUE(loader.Take(10s, picture));
-  EXPECT_EQ(picture.fault, PictureFault::TooSlow);
-  EXPECT_FALSE(loader.IsLoading());
-  EXPECT_FALSE(loader.Take(0ms, picture));
 }
 
 }  // namespace
