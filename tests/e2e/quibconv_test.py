@@ -228,8 +228,8 @@ class Companions(QuibconvTest):
         self.assertIn(b"--help", self.run_it(expect=2).stderr)
 
     def test_every_option_of_the_help_is_in_the_manual_and_the_completion(self):
-        manual = (SOURCE / "convert" / "quibconv.1").read_text(encoding="utf-8").replace("\\-", "-")
-        completion = (SOURCE / "convert" / "quibconv.bash-completion").read_text(encoding="utf-8")
+        manual = (SOURCE / "quibconv" / "quibconv.1").read_text(encoding="utf-8").replace("\\-", "-")
+        completion = (SOURCE / "quibconv" / "quibconv.bash-completion").read_text(encoding="utf-8")
         for command in ("check", "info", "show", "convert"):
             shown = self.run_it(command, "--help").stdout.decode()
             for line in shown.splitlines():
@@ -239,7 +239,7 @@ class Companions(QuibconvTest):
                         self.assertIn(word, completion)
 
     def test_every_documented_exit_status_happens(self):
-        manual = (SOURCE / "convert" / "quibconv.1").read_text(encoding="utf-8")
+        manual = (SOURCE / "quibconv" / "quibconv.1").read_text(encoding="utf-8")
         section = manual.split(".Sh EXIT STATUS")[1].split(".Sh")[0]
         documented = {int(code) for code in re.findall(r"^\.It (\d+)$", section, re.M)}
         for command in ((), ("check",), ("convert",)):
@@ -300,7 +300,7 @@ class Companions(QuibconvTest):
 
     @unittest.skipUnless(shutil.which("mandoc"), "mandoc is not installed")
     def test_the_manual_page_is_well_formed(self):
-        result = subprocess.run(["mandoc", "-T", "lint", SOURCE / "convert" / "quibconv.1"],
+        result = subprocess.run(["mandoc", "-T", "lint", SOURCE / "quibconv" / "quibconv.1"],
                                 capture_output=True, text=True, check=False)
         self.assertEqual(result.stdout + result.stderr, "")
 
@@ -309,7 +309,7 @@ class Companions(QuibconvTest):
         script = ('source "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _quibconv; '
                   'printf "%s\\n" "${COMPREPLY[@]}"; complete -p quibconv >&2')
         result = subprocess.run(["bash", "--norc", "-c", script, "bash",
-                                 SOURCE / "convert" / "quibconv.bash-completion", "quibconv", *words],
+                                 SOURCE / "quibconv" / "quibconv.bash-completion", "quibconv", *words],
                                 capture_output=True, text=True, cwd=self.folder, timeout=60, check=True)
         self.assertIn("-F _quibconv quibconv", result.stderr)
         return result.stdout.split("\n")[:-1]
