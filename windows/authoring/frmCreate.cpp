@@ -105,13 +105,13 @@ void frmCreate::Form_Load() {
   const Text topic = m_shared.Topics.Name(m_shared.Topics.CurrentTopic);
   if (IsAdding()) {
     // The name stands in its full width.
-    setWindowTitle(ToQString(u"Add Cards to " + FixedWidth(Stack().StackName, StackNameWidth) +
+    setWindowTitle(TitleText(u"Add Cards to " + FixedWidth(Stack().StackName, StackNameWidth) +
                              u" (" + topic + u")"));
     cmdEnd->setText(QStringLiteral("Done"));
     cmdCancAll->setEnabled(false);
   } else {
     BeginNewStack(m_shared.Stacks, m_shared.Topics.CurrentTopic);
-    setWindowTitle(ToQString(u"Create Cards - " + topic));
+    setWindowTitle(TitleText(u"Create Cards - " + topic));
     cmdEnd->setText(QStringLiteral("Save/End"));
   }
   m_cards.emplace(m_shared.Stacks);

@@ -175,7 +175,7 @@ void frmEdit::Form_Load() {
 
 void frmEdit::ShowCaption() {
   // The name stands in its full width.
-  setWindowTitle(ToQString(u"Edit Cards: " + FixedWidth(Stack().StackName, StackNameWidth) +
+  setWindowTitle(TitleText(u"Edit Cards: " + FixedWidth(Stack().StackName, StackNameWidth) +
                            u"  (" + m_shared.Topics.Name(m_shared.Topics.CurrentTopic) + u")"));
 }
 

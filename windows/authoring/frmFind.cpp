@@ -81,7 +81,7 @@ void frmFind::ShowForSearch() {
   SetFindFont();
   m_keyMenus->Rebuild();
   const Text name(TrimRight(m_shared.Stacks.Current().StackName));
-  setWindowTitle(ToQString(u"Finder - Using " + name));
+  setWindowTitle(TitleText(u"Finder - Using " + name));
   txtFind->setFocus();
   txtFind->selectAll();
   SetPointer(PointerShape::Normal);  // the first showing alone is a loading

@@ -16,4 +16,14 @@ QString PlainToolTip(TextView text) {
       .arg(ToShownText(text).toHtmlEscaped());
 }
 
+QString TitleText(TextView text) {
+  QString title = ToQString(text);
+  for (QChar& character : title) {
+    const QChar::Category category = character.category();
+    const bool breaks = category == QChar::Separator_Line || category == QChar::Separator_Paragraph;
+    if (breaks || category == QChar::Other_Control) character = u' ';
+  }
+  return title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+}
+
 QString EscapeMnemonics(TextView text) { return ToQString(ReplaceAll(text, u"&", u"&&")); }

@@ -15,5 +15,9 @@ Text FromShownText(const QString& text);
 /// For tool tips, which take a text that looks like markup for markup.
 QString PlainToolTip(TextView text);
 
+/// For window titles, which take "[*]" for a mark of changed contents and show control characters
+/// in whichever way the desktop has for them: blanks here.
+QString TitleText(TextView text);
+
 /// For menu items and buttons, which take a single "&" for a mnemonic.
 QString EscapeMnemonics(TextView text);

@@ -161,7 +161,7 @@ void frmAddKey::FillLists() {
 }
 
 void frmAddKey::Form_Load() {
-  setWindowTitle(QStringLiteral("Key Assignments - ") + ToQString(m_topicName));
+  setWindowTitle(TitleText(u"Key Assignments - " + m_topicName));
   sscFront->setChecked(true);
   sscBack->setChecked(true);
   m_ascCode = u"0000";

@@ -145,7 +145,7 @@ void frmMoreKeys::LayOut() {
 void frmMoreKeys::Form_Load(const TopicFonts& fonts) {
   const bool back = RequestedSide(m_shared.Switches.KeyCodeToSend) == KeySide::Back;
   const Text& name = back ? fonts.BackFont : fonts.FrontFont;
-  setWindowTitle(QStringLiteral("More Keys - ") + ToQString(name));
+  setWindowTitle(TitleText(u"More Keys - " + name));
   constexpr double Magnification = 1.5;  // of the desktop's own size
   m_font = DisplayFont(name, static_cast<float>(QFontInfo(font()).pointSizeF() * Magnification));
   const QFontMetrics metrics(m_font);

@@ -190,7 +190,7 @@ void frmPrint::Form_Load() {
   const Text topicName = switches.NewTopicName.empty()
                              ? m_shared.Topics.Name(m_shared.Topics.CurrentTopic)
                              : switches.NewTopicName;
-  setWindowTitle(ToQString(m_printing ? PrintCaption(stack) : DisplayFontCaption(topicName)));
+  setWindowTitle(TitleText(m_printing ? PrintCaption(stack) : DisplayFontCaption(topicName)));
   sspAction->setText(m_printing ? ToQString(PrintAction(stack)) : ToQString(DisplayFontAction));
   if (m_printing) sspAction->setToolTip(PlainToolTip(TrimRight(PrintAction(stack))));
   FillFontLists();

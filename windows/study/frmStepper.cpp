@@ -98,7 +98,7 @@ frmStepper::frmStepper(SharedState& shared, Platform& platform, StudyWindows& wi
 
 void frmStepper::Form_Load() {
   const StudyMode chosen = m_shared.Switches.StudyMode;
-  setWindowTitle(ToQString(StudyTitle(chosen, Stack().StackName, m_topicName)));
+  setWindowTitle(TitleText(StudyTitle(chosen, Stack().StackName, m_topicName)));
   tmrTimer->setInterval(m_shared.Timer.TimerInterval);
   picTop->setVisible(HasPictures(Stack()));
   ShowSessionStart();
