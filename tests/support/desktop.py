@@ -35,10 +35,11 @@ class Picture:
 
 
 class Desktop:
-    """Xvfb, a window manager, a private home, and the program."""
+    """Xvfb, a window manager, a private home, and the program. `kind` is the desktop that this
+    claims to be, as in XDG_CURRENT_DESKTOP; the toolkit follows its habits."""
 
     def __init__(self, program, pictures, size="1280x800", scale=1.0, dark=False,
-                 reader=False, user=None):
+                 reader=False, user=None, kind=""):
         self.program = str(program)
         self.pictures = pathlib.Path(pictures)
         self.pictures.mkdir(parents=True, exist_ok=True)
@@ -60,6 +61,7 @@ class Desktop:
             XDG_STATE_HOME=str(self.home / "state"),
             XDG_RUNTIME_DIR=str(self.home),
             QT_QPA_PLATFORM="xcb",
+            XDG_CURRENT_DESKTOP=kind,
             QT_SCALE_FACTOR=str(scale),
             LC_ALL="C.UTF-8",
         )

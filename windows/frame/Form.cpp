@@ -1,6 +1,7 @@
 #include "windows/frame/Form.h"
 
 #include "windows/frame/ArrowKeys.h"
+#include "windows/frame/EnterKey.h"
 #include "windows/frame/FitScreen.h"
 #include "windows/frame/Pointer.h"
 #include "windows/frame/QtText.h"
@@ -20,6 +21,7 @@ Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* o
     : QDialog(owner), m_shared(shared), m_platform(platform) {
   setObjectName(QLatin1String(name));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  LeaveEnterToForms();
 }
 
 // The controls go after this, and one that has the focus loses it on the way; what it would tell is
