@@ -66,6 +66,19 @@ QMessageBox::StandardButtons ButtonsOf(PromptButtons buttons) {
   return QMessageBox::Ok;
 }
 
+/// Said outright: left to itself a box takes its leftmost button, which is No on some desktops.
+QMessageBox::StandardButton ProposedButton(const Prompt& prompt) {
+  switch (prompt.buttons) {
+    case PromptButtons::Ok:
+      break;
+    case PromptButtons::OkCancel:
+      return prompt.proposesRefusal ? QMessageBox::Cancel : QMessageBox::Ok;
+    case PromptButtons::YesNo:
+      return prompt.proposesRefusal ? QMessageBox::No : QMessageBox::Yes;
+  }
+  return QMessageBox::Ok;
+}
+
 /// Widens a small box until its title can be read whole: beside it stand the window's icon and its
 /// buttons, and it may be bold.
 void MakeRoomForTitle(QMessageBox& box) {
@@ -102,10 +115,7 @@ Answer DesktopPrompts::Show(const Prompt& prompt) {
   MakeRoomForTitle(box);
   box.setWindowModality(Qt::ApplicationModal);
   if (prompt.buttons == PromptButtons::YesNo) box.setEscapeButton(QMessageBox::No);
-  if (prompt.proposesRefusal) {
-    box.setDefaultButton(prompt.buttons == PromptButtons::YesNo ? QMessageBox::No
-                                                                : QMessageBox::Cancel);
-  }
+  box.setDefaultButton(ProposedButton(prompt));
   // While the program starts, no window is there for the box to stand on but the splash at most.
   if (owner == nullptr || owner->windowFlags().testFlag(Qt::FramelessWindowHint)) {
     box.adjustSize();

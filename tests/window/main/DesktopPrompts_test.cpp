@@ -3,9 +3,13 @@
 #include "tests/window/WindowFixture.h"
 #include "windows/frame/Pointer.h"
 
+#include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
+
+#include <tuple>
 
 namespace {
 
@@ -66,6 +70,40 @@ TEST_F(DesktopPromptsTest, EnterPressesTheFirstButtonUnlessRefusingIsProposed) {
         Ask({.text = u"?", .buttons = PromptButtons::YesNo, .proposesRefusal = refusal}, enter),
         refusal ? Answer::No : Answer::Yes);
   }
+}
+
+/// A desktop that lays the buttons out its own way, and by that picks the one that Enter presses.
+class LayoutStyle : public QProxyStyle {
+ public:
+  explicit LayoutStyle(int layout) : m_layout(layout) {}
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returned) const override {
+    if (hint == SH_DialogButtonLayout) return m_layout;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+
+ private:
+  int m_layout;
+};
+
+TEST_F(DesktopPromptsTest, TheProposedButtonIsTheSameOnEveryDesktop) {
+  const auto enter = [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); };
+  const QString before = QApplication::style()->name();
+  for (int layout = QDialogButtonBox::WinLayout; layout <= QDialogButtonBox::AndroidLayout;
+       ++layout) {
+    SCOPED_TRACE(layout);
+    QApplication::setStyle(new LayoutStyle(layout));
+    for (const bool refusal : {false, true}) {
+      for (const auto& [buttons, accepting, refusing] :
+           {std::tuple(PromptButtons::YesNo, Answer::Yes, Answer::No),
+            std::tuple(PromptButtons::OkCancel, Answer::Ok, Answer::Cancel),
+            std::tuple(PromptButtons::Ok, Answer::Ok, Answer::Ok)}) {
+        EXPECT_EQ(Ask({.text = u"?", .buttons = buttons, .proposesRefusal = refusal}, enter),
+                  refusal ? refusing : accepting);
+      }
+    }
+  }
+  QApplication::setStyle(before);
 }
 
 TEST_F(DesktopPromptsTest, AQuestionIsAnsweredWithTheNormalPointer) {
