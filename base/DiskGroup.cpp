@@ -14,6 +14,7 @@ struct Member {
   std::string target;
   std::string temporary;  // empty once it has taken its place
   std::string backup;     // the old file's second name; empty when there is none
+  Takes takes = Takes::Target;
   bool hasOld = false;
   bool isMoved = false;  // the old file has no name but its second one
 };
@@ -58,19 +59,60 @@ class Group {
     if (NamesNoFile(file.path)) return FileStatus::IllegalName;
     Member member;
     member.target = EncodePath(file.path);
-    FileStatus status = FollowToTarget(member.target);
+    member.takes = file.takes;
+    FileStatus status =
+        file.takes == Takes::Target ? FollowToTarget(member.target) : FileStatus::Ok;
     if (status != FileStatus::Ok) return status;
     // Two links to one file: the second content would silently take the place of the first.
     if (!m_targets.insert(member.target).second) return FileStatus::FileAlreadyOpen;
     std::optional<struct stat> old;
-    if (status = LookAtTarget(member.target, old); status != FileStatus::Ok) return status;
-    member.hasOld = old.has_value();
+    if (status = LookAtMember(member, old); status != FileStatus::Ok) return status;
     const std::string folder = FolderOf(member.target);
     Descriptor temporary = MakeTemporary(folder, member.temporary);
     if (!temporary.IsOpen()) return StatusForPath(member.target, errno);
     m_folders.insert(folder);
     m_members.push_back(member);
     return FillTemporary(temporary, file.content, old);
+  }
+
+  /// Finds out what the member takes the place of; `old` is the file whose mode it keeps.
+  static FileStatus LookAtMember(Member& member, std::optional<struct stat>& old) {
+    struct stat info {};
+    const bool isThere = ::lstat(member.target.c_str(), &info) == 0;
+    if (isThere && member.takes == Takes::FreeName) return FileStatus::FileAlreadyExists;
+    if (isThere && S_ISLNK(info.st_mode)) {  // the target of a link that is followed is none
+      member.hasOld = true;
+      return FileStatus::Ok;
+    }
+    const FileStatus status = LookAtTarget(member.target, old);
+    member.hasOld = old.has_value();
+    return status;
+  }
+
+  /// Gives a file a name that is free. Unlike a rename, a second name takes no other's place.
+  static FileStatus PlaceNew(Member& member) {
+    if (::link(member.temporary.c_str(), member.target.c_str()) == 0) {
+      ::unlink(member.temporary.c_str());
+      member.temporary.clear();
+      return FileStatus::Ok;
+    }
+    if (!KnowsNoSecondNames(errno)) return StatusForPath(member.target, errno);
+    struct stat info {};
+    if (::lstat(member.target.c_str(), &info) == 0) return FileStatus::FileAlreadyExists;
+    return PlaceByRename(member);
+  }
+
+  static FileStatus PlaceByRename(Member& member) {
+    if (::rename(member.temporary.c_str(), member.target.c_str()) != 0) {
+      return StatusForPath(member.target, errno);
+    }
+    member.temporary.clear();
+    return FileStatus::Ok;
+  }
+
+  static bool KnowsNoSecondNames(int errorNumber) {
+    return errorNumber == EPERM || errorNumber == EOPNOTSUPP || errorNumber == ENOSYS ||
+           errorNumber == EMLINK;
   }
 
   static FileStatus BackUp(Member& member) {
@@ -80,12 +122,11 @@ class Group {
       member.backup = backup;
       return FileStatus::Ok;
     }
-    const bool unknownHere =
-        errno == EPERM || errno == EOPNOTSUPP || errno == ENOSYS || errno == EMLINK;
-    return unknownHere ? FileStatus::Ok : StatusForPath(member.target, errno);
+    return KnowsNoSecondNames(errno) ? FileStatus::Ok : StatusForPath(member.target, errno);
   }
 
   static FileStatus Place(Member& member) {
+    if (member.takes == Takes::FreeName) return PlaceNew(member);
     if (member.hasOld && member.backup.empty()) {
       const std::string backup = BackupName(member);
       if (::rename(member.target.c_str(), backup.c_str()) != 0) {
@@ -94,11 +135,7 @@ class Group {
       member.backup = backup;
       member.isMoved = true;
     }
-    if (::rename(member.temporary.c_str(), member.target.c_str()) != 0) {
-      return StatusForPath(member.target, errno);
-    }
-    member.temporary.clear();
-    return FileStatus::Ok;
+    return PlaceByRename(member);
   }
 
   static void Undo(Member& member, std::vector<Text>& notUndone) {

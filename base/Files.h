@@ -64,10 +64,18 @@ struct FolderContent {
   std::vector<Text> files;
 };
 
+/// What a new file may take the place of.
+enum class Takes {
+  Target,   ///< of the file that the path leads to, links followed; its mode is kept
+  Name,     ///< of whatever file or link is called so: a link is replaced, never written through
+  FreeName  ///< of nothing: a name that is there, if only since a moment, is FileAlreadyExists
+};
+
 /// One of several files that are written together. The content stays the caller's.
 struct NewFile {
   Text path;  ///< as the disk has it: neither letter case nor separators are searched for
   std::string_view content;
+  Takes takes = Takes::Target;
 };
 
 /// How writing several files together ended.
@@ -98,8 +106,8 @@ class Files {
   virtual FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) = 0;
 
   /// Writes all of the files or none: every content lies on the disk before the first one takes its
-  /// place, and what was there is put back when a later one cannot. Files that are there are
-  /// replaced; a link is followed, a file's mode is kept. The folders must take new files.
+  /// place, and what was there is put back when a later one cannot. What a file may take the place
+  /// of, it says itself (Takes). The folders must take new files.
   virtual GroupResult ReplaceTogether(const std::vector<NewFile>& files) = 0;
 
   virtual FileStatus Remove(const Text& path) = 0;

@@ -4,6 +4,7 @@
 #include "base/Paths.h"
 #include "cards/CardStack.h"
 #include "decks/MediaFolders.h"
+#include "decks/PlaceOnDisk.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -66,9 +67,17 @@ bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
   return true;
 }
 
+bool FailToReplace(Conversion& conversion, const Text& path) {
+  return Fail(conversion, FindingKind::Unreadable,
+              fmt::format("{} exists (--force replaces it)", Quoted(path)));
+}
+
 /// Gives the outputs the names that their files have on the disk.
-/// @return false when there are such files and they are not to be replaced
+/// @return false when there are such files and they are not to be replaced: the file that is read
+///         only where the user has said its name, and not as one of several parts
 bool TakeNamesOnDisk(Files& files, Conversion& conversion) {
+  const Text& inPath = conversion.way.inPath;
+  const FileFacts input = inPath.empty() ? FileFacts() : files.Look(inPath);
   MediaFolders folders(files);  // one look into the folder, for however many parts
   for (OutputFile& output : conversion.outputs) {
     const Text folder(FolderPart(output.path));
@@ -88,16 +97,19 @@ bool TakeNamesOnDisk(Files& files, Conversion& conversion) {
         break;
     }
     if (found.empty()) continue;
-    if (!conversion.way.force) {
-      return Fail(conversion, FindingKind::Unreadable,
-                  fmt::format("{} exists (--force replaces it)", Quoted(output.path)));
+    if (!conversion.way.force) return FailToReplace(conversion, output.path);
+    if (conversion.outputs.size() > 1 && files.Look(found).IsSameFile(input)) {
+      return Fail(
+          conversion, FindingKind::Unreadable,
+          fmt::format("{} is the file that is read; no part takes its place", Quoted(output.path)));
     }
     output.path = found;
   }
   return true;
 }
 
-bool WriteOne(Files& files, Conversion& conversion) {
+/// Replaces a file, or makes it; where its folder takes no new file, it is overwritten.
+bool ReplaceOne(Files& files, Conversion& conversion) {
   const OutputFile& output = conversion.outputs.front();
   std::unique_ptr<FileReplacement> replacement;
   FileStatus status = files.Replace(output.path, replacement);
@@ -107,19 +119,28 @@ bool WriteOne(Files& files, Conversion& conversion) {
               fmt::format("{} is not written: {}", Quoted(output.path), ToUtf8(ErrorText(status))));
 }
 
-bool WriteParts(Files& files, Conversion& conversion) {
+/// Writes all outputs or none. Without --force none takes the place of anything.
+bool WriteTogether(Files& files, Conversion& conversion) {
+  const bool force = conversion.way.force;
   std::vector<NewFile> parts;
-  for (const OutputFile& output : conversion.outputs) parts.push_back({output.path, output.bytes});
+  const Text folder = FolderOnDisk(files, conversion.way.outPath);
+  for (const OutputFile& output : conversion.outputs) {
+    parts.push_back({force ? output.path : folder + Text(BaseName(output.path)), output.bytes,
+                     force ? Takes::Target : Takes::FreeName});
+  }
   const GroupResult result = files.ReplaceTogether(parts);
   if (result.status == FileStatus::Ok) return true;
+  const Text& failed = conversion.outputs[result.failed].path;
   for (const Text& path : result.notUndone) {
     conversion.findings.push_back(
         Failed(FindingKind::Unreadable, 0,
                fmt::format("{} is left over and holds what could not be put back", Quoted(path))));
   }
-  return Fail(conversion, FindingKind::Unreadable,
-              fmt::format("{} is not written, and no other part: {}",
-                          Quoted(parts[result.failed].path), ToUtf8(ErrorText(result.status))));
+  if (result.status == FileStatus::FileAlreadyExists) return FailToReplace(conversion, failed);
+  return Fail(
+      conversion, FindingKind::Unreadable,
+      fmt::format("{} is not written{}: {}", Quoted(failed),
+                  parts.size() > 1 ? ", and no other part" : "", ToUtf8(ErrorText(result.status))));
 }
 
 }  // namespace
@@ -165,8 +186,9 @@ bool PlanConversion(Files& files, std::string bytes, const Text& inPath, const T
 
 bool WriteConversion(Files& files, Conversion& conversion) {
   if (!TakeNamesOnDisk(files, conversion)) return false;
-  const bool written =
-      conversion.outputs.size() == 1 ? WriteOne(files, conversion) : WriteParts(files, conversion);
+  const bool written = conversion.outputs.size() == 1 && conversion.way.force
+                           ? ReplaceOne(files, conversion)
+                           : WriteTogether(files, conversion);
   if (!written || conversion.media.empty()) return written;
   std::vector<Text> paths;
   for (const OutputFile& output : conversion.outputs) paths.push_back(output.path);

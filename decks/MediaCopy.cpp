@@ -4,12 +4,12 @@
 #include "base/LetterCase.h"
 #include "base/Paths.h"
 #include "decks/NativeStack.h"
+#include "decks/PlaceOnDisk.h"
 
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
 #include <map>
-#include <memory>
 #include <set>
 #include <utility>
 
@@ -333,9 +333,11 @@ std::size_t CopyMedia(Files& files, const MediaWay& way, const std::vector<Text>
     }
     std::string content;
     FileStatus status = files.Read(copy.source, content);
-    std::unique_ptr<FileReplacement> replacement;
-    if (status == FileStatus::Ok) status = files.Replace(copy.target, replacement);
-    if (status == FileStatus::Ok) status = replacement->Commit(content);
+    if (status == FileStatus::Ok) {
+      // By its name: whoever makes a link there meanwhile does not choose what is overwritten.
+      const Takes takes = way.force ? Takes::Name : Takes::FreeName;
+      status = files.ReplaceTogether({{PlaceOnDisk(files, copy.target), content, takes}}).status;
+    }
     if (status == FileStatus::Ok) {
       ++copied;
     } else {

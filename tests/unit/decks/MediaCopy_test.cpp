@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 #include <set>
 #include <sstream>
 #include <sys/stat.h>
@@ -171,6 +172,64 @@ TEST_F(MediaCopyTest, NoLinkIsFollowedToWhereAMediumGoes) {
   EXPECT_FALSE(fs::exists(root / "secret/nothing"));
 }
 
+/// Another program makes a link where a file is to go, after the last look there.
+class RacedFiles : public DiskFiles {
+ public:
+  RacedFiles(fs::path linkTarget, fs::path link)
+      : DiskFiles(u""), m_linkTarget(std::move(linkTarget)), m_link(std::move(link)) {}
+
+  FileStatus Replace(const Text& path, std::unique_ptr<FileReplacement>& replacement) override {
+    MakeLink();
+    return DiskFiles::Replace(path, replacement);
+  }
+  GroupResult ReplaceTogether(const std::vector<NewFile>& files) override {
+    MakeLink();
+    return DiskFiles::ReplaceTogether(files);
+  }
+
+ private:
+  void MakeLink() const {
+    fs::remove(m_link);
+    fs::create_symlink(m_linkTarget, m_link);
+  }
+
+  fs::path m_linkTarget;
+  fs::path m_link;
+};
+
+TEST_F(MediaCopyTest, ALinkThatIsMadeInBetweenIsNotWrittenThrough) {
+  Put("secret/victim", "victim");
+  const std::string table = "Front,Back,Front picture\na,b,dog.jpg\n";
+  for (const bool force : {false, true}) {
+    for (const char* const target : {"secret/victim", "secret/nothing"}) {
+      SCOPED_TRACE(std::string(target) + (force ? " --force" : ""));
+      options.force = force;
+      conversion = {};
+      ASSERT_TRUE(PlanConversion(files, table, PathOf("deck/words.csv"), PathOf("out/w.csv"),
+                                 options, conversion));
+      RacedFiles raced(root / target, root / "out/dog.jpg");
+      EXPECT_EQ(CopyMedia(raced, conversion.way, {}, conversion.media, conversion.findings),
+                force ? 1U : 0U);
+      EXPECT_EQ(Content("secret/victim"), "victim");
+      EXPECT_FALSE(fs::exists(root / "secret/nothing"));
+      EXPECT_EQ(fs::is_symlink(root / "out/dog.jpg"), !force);
+      EXPECT_EQ(Said().find("File already exists") != std::string::npos, !force) << Said();
+      fs::remove(root / "out/dog.jpg");
+    }
+  }
+}
+
+TEST_F(MediaCopyTest, AnOutputIsNotWrittenThroughALinkThatIsMadeInBetween) {
+  Put("secret/victim", "victim");
+  const std::string table = "a,b\n";
+  ASSERT_TRUE(PlanConversion(files, table, PathOf("deck/words.csv"), PathOf("out/w.csv"), options,
+                             conversion));
+  RacedFiles raced(root / "secret/victim", root / "out/w.csv");
+  EXPECT_FALSE(WriteConversion(raced, conversion));
+  EXPECT_NE(Said().find("exists (--force replaces it)"), std::string::npos) << Said();
+  EXPECT_EQ(Content("secret/victim"), "victim");
+}
+
 TEST_F(MediaCopyTest, NeitherTheDeckNorTheNewFileIsOverwritten) {
   options.force = true;
   options.to = DeckFormat::Csv;
@@ -312,6 +371,35 @@ TEST_F(PartsTest, TwoPartsAreNotWrittenIntoOneFile) {
   options.force = true;
   EXPECT_FALSE(Split(301));
   EXPECT_EQ(Content("out/real.QBC"), "old");
+}
+
+TEST_F(PartsTest, ALinkToNothingIsNotWrittenThroughWithoutForce) {
+  fs::create_symlink("../secret/nothing", root / "out/w-2.QBC");
+  EXPECT_FALSE(Split(301));
+  EXPECT_NE(Said().find("w-2.QBC” exists (--force replaces it)"), std::string::npos) << Said();
+  EXPECT_FALSE(fs::exists(root / "secret/nothing"));
+  EXPECT_EQ(Out(), std::set<std::string>{"w-2.QBC"});
+  fs::create_symlink("../secret/nothing", root / "out/single.csv");
+  ASSERT_TRUE(PlanConversion(files, "a,b\n", PathOf("deck/words.csv"), PathOf("out/single.csv"),
+                             options, conversion));
+  EXPECT_FALSE(WriteConversion(files, conversion));
+  EXPECT_FALSE(fs::exists(root / "secret/nothing"));
+}
+
+TEST_F(PartsTest, NoPartTakesThePlaceOfTheFileThatIsRead) {
+  Put("deck/words.csv", "the deck");
+  options.force = true;
+  const auto expectWhole = [&] {
+    EXPECT_FALSE(Split(301));
+    EXPECT_NE(Said().find("no part takes its place"), std::string::npos) << Said();
+    EXPECT_EQ(Content("deck/words.csv"), "the deck");
+    EXPECT_EQ(Out(), std::set<std::string>{"w-2.QBC"});
+    fs::remove(root / "out/w-2.QBC");
+  };
+  fs::create_symlink("../deck/words.csv", root / "out/w-2.QBC");
+  expectWhole();
+  fs::create_hard_link(root / "deck/words.csv", root / "out/w-2.QBC");
+  expectWhole();
 }
 
 TEST_F(PartsTest, HiddenPartsAreSeen) {
