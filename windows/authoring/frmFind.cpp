@@ -5,9 +5,9 @@
 #include "windows/frame/OneLine.h"
 #include "windows/frame/Pointer.h"
 #include "windows/frame/QtText.h"
-#include "windows/frame/ZoomKeys.h"
 #include "windows/keys/CardField.h"
 #include "windows/keys/KeyMenus.h"
+#include "windows/keys/ZoomKeys.h"
 
 #include <QCheckBox>
 #include <QGroupBox>

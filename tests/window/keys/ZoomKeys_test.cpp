@@ -1,4 +1,4 @@
-#include "windows/frame/ZoomKeys.h"
+#include "windows/keys/ZoomKeys.h"
 
 #include "program/Zoom.h"
 #include "tests/window/WindowFixture.h"
@@ -62,6 +62,15 @@ TEST_F(ZoomKeysTest, PlusIsFoundBesideEqualsAndOnTheKeypad) {
   EXPECT_EQ(zoom->Percent(), 250);
   Press(Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
   EXPECT_EQ(zoom->Percent(), 200);
+}
+
+TEST_F(ZoomKeysTest, ZeroIsFoundByItsPlaceWhereTheLayoutPrintsALetterThere) {
+  constexpr quint32 PlaceOfZero = 19;  // as X11 and Wayland report it
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Agrave, Qt::ControlModifier, PlaceOfZero, 0, 0,
+                  QStringLiteral("\u00E0"));
+  QApplication::sendEvent(field, &press);
+  EXPECT_EQ(zoom->Percent(), ExactZoom);
+  EXPECT_EQ(field->text(), "");
 }
 
 TEST_F(ZoomKeysTest, TheChoiceIsRememberedUnderItsName) {

@@ -10,8 +10,8 @@ class QMenuBar;
 class QString;
 
 /// The menu "View" of a window that shows card texts: Larger Text (Ctrl+Plus), Smaller Text
-/// (Ctrl+Minus) and Exact Size (Ctrl+0), which is the size that the topic gives. The choice is
-/// remembered. In a card text field the topic's own keystrokes come first.
+/// (Ctrl+Minus) and Exact Size (Ctrl+0, the key by its place), which is the size that the topic
+/// gives. The choice is remembered. In a card text field the topic's own keystrokes come first.
 class ZoomKeys : public QObject {
   Q_OBJECT
 
@@ -28,6 +28,9 @@ class ZoomKeys : public QObject {
 
  signals:
   void Changed();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   QAction* AddItem(QMenu* menu, const QString& name, const QString& caption);

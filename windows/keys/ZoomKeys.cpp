@@ -1,8 +1,11 @@
-#include "windows/frame/ZoomKeys.h"
+#include "windows/keys/ZoomKeys.h"
 
+#include "keys/KeyAssignment.h"
 #include "program/Zoom.h"
+#include "windows/keys/VirtualKeys.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -24,6 +27,7 @@ ZoomKeys::ZoomKeys(QMenuBar* bar, RememberedState& state, Text name, int first)
   connect(mnuLarger, &QAction::triggered, this, [this] { Choose(LargerZoom(m_percent)); });
   connect(mnuSmaller, &QAction::triggered, this, [this] { Choose(SmallerZoom(m_percent)); });
   connect(mnuExactSize, &QAction::triggered, this, [this] { Choose(ExactZoom); });
+  bar->window()->installEventFilter(this);
   ShowLimits();
 }
 
@@ -49,4 +53,16 @@ void ZoomKeys::Choose(int percent) {
 void ZoomKeys::ShowLimits() {
   mnuLarger->setEnabled(m_percent < LargestZoom);
   mnuSmaller->setEnabled(m_percent > SmallestZoom);
+}
+
+/// Some layouts give the digit row its digits with Shift only, and the shortcut would need it, too.
+bool ZoomKeys::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    if (ShiftStateOf(key) == CtrlModifier && !key.isAutoRepeat() && DigitOfKey(key) == 0) {
+      mnuExactSize->trigger();
+      return true;
+    }
+  }
+  return QObject::eventFilter(watched, event);
 }
