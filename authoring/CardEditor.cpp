@@ -33,8 +33,14 @@ CardFields CardEditor::ShownFields() const {
   return fields;
 }
 
+bool CardEditor::CanSelectRow(int row, int side) const {
+  if (m_topCard + row > Stack().CardCount) return false;
+  const bool noText = RowText(row, Front).empty() && RowText(row, Back).empty();
+  return noText || !RowText(row, side).empty();
+}
+
 bool CardEditor::SelectRow(int row, int side) {
-  if (RowText(row, side).empty()) return false;
+  if (!CanSelectRow(row, side)) return false;
   m_selRow = row;
   m_curCard = m_topCard + row;
   return true;
@@ -46,24 +52,10 @@ void CardEditor::ScrollTo(int topCard) {
   if (m_selRow >= 0) m_curCard = m_topCard + m_selRow;
 }
 
-/// The first card with a text from `start` on, forwards or backwards; 0 when there is none.
-int CardEditor::FilledCard(int start, int step) const {
-  for (int card = start; card >= 1 && card <= Stack().CardCount; card += step) {
-    if (!Stack().SideText(card, Front).empty() || !Stack().SideText(card, Back).empty()) {
-      return card;
-    }
-  }
-  return 0;
-}
-
 void CardEditor::MoveSelection(int rows) {
   if (Stack().CardCount == 0) return;
   const int start = m_selRow >= 0 ? m_curCard : m_topCard - 1;
-  const int target = std::clamp<int>(start + rows, 1, Stack().CardCount);
-  const int step = rows < 0 ? -1 : 1;
-  int card = FilledCard(target, step);
-  if (card == 0) card = FilledCard(target, -step);
-  if (card == 0) return;
+  const int card = std::clamp<int>(start + rows, 1, Stack().CardCount);
   ScrollTo(std::clamp(m_topCard, card - (RowsPerPage - 1), card));
   m_selRow = card - m_topCard;
   m_curCard = card;

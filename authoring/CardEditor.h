@@ -48,15 +48,17 @@ class CardEditor {
   /// load adds; empty when none is selected.
   CardFields ShownFields() const;
 
-  /// Selects a row. False, and nothing changes, when `text`, the clicked label, is empty.
+  /// Selects the row of a clicked label. False, and nothing changes, when the label's text is
+  /// empty, unless the card has media alone: with no text on either side each label stands for it.
   bool SelectRow(int row, int side);
+  bool CanSelectRow(int row, int side) const;
 
   /// Scrolls. The selection keeps its row, so another card becomes the selected one; a row without
   /// a front text is deselected.
   void ScrollTo(int topCard);
 
-  /// Moves the selection by keys, over cards without any text, and scrolls where it must. Without a
-  /// selection it begins above the page.
+  /// Moves the selection by keys and scrolls where it must; cards without a text count as well.
+  /// Without a selection it begins above the page.
   void MoveSelection(int rows);
 
   /// Goes to a card that was found: in the bottom row where possible.
@@ -84,7 +86,6 @@ class CardEditor {
  private:
   CardStack& Stack() { return m_stacks.Current(); }
   const CardStack& Stack() const { return m_stacks.Current(); }
-  int FilledCard(int start, int step) const;
   FileStatus WriteCards(StackFile& file) const;
   void Compact();
 

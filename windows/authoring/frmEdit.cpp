@@ -256,7 +256,7 @@ void frmEdit::CommitTexts() {
 }
 
 void frmEdit::Row_Click(int row, int side) {
-  if (m_editor.RowText(row, side).empty()) return;
+  if (!m_editor.CanSelectRow(row, side)) return;
   CommitTexts();
   m_editor.SelectRow(row, side);
   ShowAll();

@@ -128,26 +128,28 @@ TEST_F(CardEditorTest, KeysMoveTheSelectionAndScrollAtTheEndsOfThePage) {
   EXPECT_EQ(editor->TopCard(), 1);
 }
 
-TEST_F(CardEditorTest, KeysPassOverCardsWithoutAnyText) {
+TEST_F(CardEditorTest, ACardOfMediaAloneIsReachedByKeysAndClicks) {
   Load(4);
   for (const int card : {2, 4}) {
-    stacks.Current().SetSideText(card, Front, u"");
-    stacks.Current().SetSideText(card, Back, u"");
+    for (const int side : {Front, Back}) stacks.Current().SetSideText(card, side, u"");
   }
   editor->SelectRow(0, Front);
   editor->MoveSelection(1);
-  EXPECT_EQ(editor->CurCard(), 3);
-  editor->MoveSelection(1);
-  EXPECT_EQ(editor->CurCard(), 3);
+  EXPECT_EQ(editor->CurCard(), 2);
+  editor->MoveSelection(MaxCards);
+  EXPECT_EQ(editor->CurCard(), 4);
   editor->MoveSelection(-1);
-  EXPECT_EQ(editor->CurCard(), 1);
+  EXPECT_EQ(editor->CurCard(), 3);
+  for (const int side : {Front, Back}) {
+    editor->SelectRow(0, Front);
+    EXPECT_TRUE(editor->SelectRow(1, side));
+    EXPECT_EQ(editor->CurCard(), 2);
+  }
+  EXPECT_FALSE(editor->SelectRow(4, Front));
 }
 
-TEST_F(CardEditorTest, KeysInAStackWithoutTextsSelectNothing) {
+TEST_F(CardEditorTest, KeysInAnEmptyStackSelectNothing) {
   Load(0);
-  editor->MoveSelection(1);
-  EXPECT_EQ(editor->SelRow(), -1);
-  stacks.Current().CardCount = 2;
   editor->MoveSelection(1);
   EXPECT_EQ(editor->SelRow(), -1);
 }

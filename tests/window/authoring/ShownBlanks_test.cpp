@@ -80,6 +80,24 @@ TEST_F(LoadedCardsTest, ASideOfBlanksAloneCanBeChosenAndEdited) {
   });
 }
 
+TEST_F(LoadedCardsTest, ACardOfMediaAloneCanBeClickedReachedByKeysAndMarked) {
+  for (const int side : {Front, Back}) Stack().SetSideText(2, side, u"");
+  Stack().SetSidePicture(2, Front, u"/cards/dog.bmp");
+  WithEditor([](frmEdit& window) {
+    auto& list = Find<QWidget>(window, "sspListBox");
+    for (int press = 0; press < 2; ++press) QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(TextOf(window, "lblCardCount"), "2/2");
+    EXPECT_EQ(Line(window, "txtFrontPicture").text(), "/cards/dog.bmp");
+    ClickRow(window, "lblCol1(0)");
+    ClickRow(window, "lblCol1(1)");
+    EXPECT_EQ(TextOf(window, "lblCardCount"), "2/2");
+    Click(window, "cmdDel");
+    EXPECT_EQ(Find<RowLabel>(window, "lblCol1(1)").accessibleDescription(), "marked for deletion");
+    ClickRow(window, "lblCol1(2)");
+    EXPECT_EQ(TextOf(window, "lblCardCount"), "2/2");
+  });
+}
+
 TEST_F(LoadedCardsTest, AFailedSaveLeadsToTheCaret) {
   Stack().SetSideText(2, Back, u"a^b  ");
   prompts.Expect(Answer::Ok);
