@@ -173,7 +173,15 @@ void frmConfig::RefreshList() {
   lstTopic->clear();
   lstTopic->addItems(m_listed);
   const qsizetype row = chosen.empty() ? -1 : m_listed.indexOf(ToQString(chosen));
-  if (row >= 0) lstTopic->setCurrentRow(static_cast<int>(row));
+  Choose(static_cast<int>(row));
+}
+
+/// Chooses a row, or none with -1. That none is the current one is said outright: a list that was
+/// never told where it is begins at its first row without choosing it, and Down passes over it.
+void frmConfig::Choose(int row) {
+  lstTopic->clearSelection();
+  lstTopic->setCurrentIndex({});
+  if (row >= 0) lstTopic->setCurrentRow(row);
   lstTopic_Click();
 }
 
@@ -249,7 +257,6 @@ void frmConfig::AskAndDeleteTopic(int topic) {
   const bool deleted =
       !isThere || RemoveTopic(m_shared.Stacks, m_shared.Topics, m_platform.profile, number);
   if (deleted && m_closeStudyWindows) m_closeStudyWindows(name);
-  lstTopic->clearSelection();
+  Choose(-1);
   RefreshList();
-  lstTopic_Click();
 }

@@ -48,6 +48,7 @@ class frmConfig : public Form {
   /// Reads the topics anew and shows them. The chosen one stays chosen, by its name.
   void RefreshList();
   /// The chosen entry of the list, -1 for none. The entry that only has the focus is not chosen.
+  void Choose(int row);
   int ChosenRow() const;
   Text ChosenName() const;
   int FirstListed() const { return m_shared.Switches.ChangeTopicMode ? 0 : 1; }

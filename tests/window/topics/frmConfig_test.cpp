@@ -67,6 +67,37 @@ class frmConfigTest : public WindowTest {
   std::vector<Text> closedFor;
 };
 
+TEST_F(frmConfigTest, AnArrowKeyChoosesTheFirstTopicFirst) {
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Home}) {
+    const auto press = [key](frmConfig& window) {
+      auto& list = Find<QListWidget>(window, "lstTopic");
+      EXPECT_TRUE(list.hasFocus());
+      EXPECT_FALSE(IsEnabled(window, "cmdAction"));
+      QTest::keyClick(&list, key);
+      ASSERT_EQ(list.selectedItems().size(), 1);
+      EXPECT_EQ(list.row(list.selectedItems().first()), 0);
+      EXPECT_TRUE(IsEnabled(window, "cmdAction"));
+    };
+    WithDelete(press);
+    WithChange(press);
+  }
+}
+
+TEST_F(frmConfigTest, TheArrowKeysBeginAnewAfterADeletion) {
+  WithDelete([this](frmConfig& window) {
+    Choose(window, 1);
+    prompts.Expect(Answer::Yes);
+    Click(window, "cmdAction");
+    EXPECT_FALSE(IsEnabled(window, "cmdAction"));
+    auto& list = Find<QListWidget>(window, "lstTopic");
+    list.setFocus();
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_TRUE(IsEnabled(window, "cmdAction"));
+    ASSERT_EQ(list.selectedItems().size(), 1);
+    EXPECT_EQ(list.selectedItems().first()->text(), "Spanish");
+  });
+}
+
 TEST_F(frmConfigTest, AddModeAsksForAName) {
   WithAdd(u"", [](frmConfig& window) {
     EXPECT_EQ(window.windowTitle(), "Add Topic");
