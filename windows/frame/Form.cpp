@@ -3,6 +3,7 @@
 #include "windows/frame/ArrowKeys.h"
 #include "windows/frame/EnterKey.h"
 #include "windows/frame/FitScreen.h"
+#include "windows/frame/MenuEscape.h"
 #include "windows/frame/Pointer.h"
 #include "windows/frame/QtText.h"
 #include "windows/frame/SharedMnemonics.h"
@@ -15,6 +16,7 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 
 Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* owner)
@@ -43,6 +45,7 @@ QMenuBar* Form::AddMenuBar() {
   auto* const bar = new QMenuBar(this);
   layout()->setMenuBar(bar);
   bar->installEventFilter(this);
+  new MenuEscape(bar);
   return bar;
 }
 
@@ -81,8 +84,13 @@ void Form::SetOkButton(QPushButton* button) {
 }
 
 void Form::ShowModal() {
+  // Either may be gone when the window closes.
+  const QPointer<QWidget> owner(parentWidget() == nullptr ? nullptr : parentWidget()->window());
   setWindowModality(Qt::ApplicationModal);
   exec();
+  // A window manager that was about to activate this window, as after a last question, activates
+  // none in its place.
+  if (owner != nullptr && owner->isVisible()) owner->activateWindow();
 }
 
 void Form::Unload() {
@@ -130,16 +138,18 @@ bool Form::event(QEvent* event) {
 bool Form::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QDialog::eventFilter(watched, event);
   const auto& shortcut = *static_cast<QShortcutEvent*>(event);
+  const bool ofMenuBar = qobject_cast<QMenuBar*>(watched) != nullptr;
   auto* button = qobject_cast<QAbstractButton*>(watched);
-  if (shortcut.isAmbiguous()) {
+  if (shortcut.isAmbiguous() || ofMenuBar) {
     if (QAction* const head = MenuHeadOf(*this, shortcut.key())) {
       OpenMenuHead(*head);
       return true;
     }
     // The menu bar holds the keys of menus that cannot be opened now all the same.
-    button = OnlyButtonOf(*this, shortcut.key());
+    if (shortcut.isAmbiguous()) button = OnlyButtonOf(*this, shortcut.key());
   }
-  if (button == nullptr) return QDialog::eventFilter(watched, event);
+  // The key of a menu that cannot be opened does nothing; the bar would take the keyboard.
+  if (button == nullptr) return ofMenuBar || QDialog::eventFilter(watched, event);
   // A mnemonic would press the button for a moment and act after it; the key typed next would then
   // act before it.
   button->setFocus(Qt::ShortcutFocusReason);

@@ -1,4 +1,5 @@
 #include "tests/window/study/StudyFixture.h"
+#include "windows/authoring/frmCreate.h"
 #include "windows/authoring/frmEdit.h"
 #include "windows/authoring/frmFind.h"
 
@@ -6,6 +7,7 @@
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -71,6 +73,54 @@ TEST_F(SharedKeysTest, EditKeyKeepsWhatIsSelectedForTheMenu) {
     EXPECT_EQ(QApplication::clipboard()->text(), text);
     EXPECT_TRUE(box.hasFocus());
   }
+}
+
+TEST_F(SharedKeysTest, OneEscapeLeavesAMenuForTheField) {
+  LoadStack(u"Verbs", 5);
+  frmCreate window(shared, platform, nullptr);
+  window.show();
+  WaitUntilActive(window);
+  auto& box = Find<QPlainTextEdit>(window, "txtFront");
+  for (const Qt::Key letter : {Qt::Key_V, Qt::Key_E, Qt::Key_F}) {
+    box.clear();
+    QTest::keyClick(&box, letter, Qt::AltModifier);
+    QWidget* const menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClick(menu, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    EXPECT_TRUE(box.hasFocus());
+    QTest::keyClicks(window.focusWidget(), "ab");
+    EXPECT_EQ(box.toPlainText(), "ab");
+  }
+}
+
+TEST_F(SharedKeysTest, OneEscapeAlsoLeavesAMenuThatWasOpenedThroughTheBar) {
+  LoadStack(u"Verbs", 5);
+  frmCreate window(shared, platform, nullptr);
+  window.show();
+  WaitUntilActive(window);
+  auto& bar = *window.findChild<QMenuBar*>();
+  QTest::keyClick(&window, Qt::Key_Alt);
+  ASSERT_TRUE(bar.hasFocus());
+  QTest::keyClick(&bar, Qt::Key_Down);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+  EXPECT_EQ(bar.activeAction(), nullptr);
+  EXPECT_TRUE(Find<QPlainTextEdit>(window, "txtFront").hasFocus());
+}
+
+TEST_F(SharedKeysTest, TheKeyOfAMenuThatCannotBeOpenedDoesNothing) {
+  LoadStack(u"Verbs", 5);
+  frmCreate window(shared, platform, nullptr);
+  window.show();
+  WaitUntilActive(window);
+  auto& box = Find<QPlainTextEdit>(window, "txtFront");
+  QTest::keyClick(&box, Qt::Key_B, Qt::AltModifier);  // of the other side's field
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_EQ(window.findChild<QMenuBar*>()->activeAction(), nullptr);
+  EXPECT_TRUE(box.hasFocus());
+  QTest::keyClicks(window.focusWidget(), "ab");
+  EXPECT_EQ(box.toPlainText(), "ab");
 }
 
 TEST_F(SharedKeysTest, FindKeysOpenTheMenusWhileTypingAndTurnNoBox) {

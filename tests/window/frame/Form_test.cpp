@@ -14,7 +14,23 @@ class GoingWindow : public Form {
   }
 };
 
+class PlainWindow : public Form {
+ public:
+  PlainWindow(SharedState& shared, Platform& platform, QWidget* owner)
+      : Form("PlainWindow", shared, platform, owner) {}
+};
+
 using FormTest = WindowTest;
+
+TEST_F(FormTest, TheOwnerIsActiveAgainWhenAModalWindowHasClosed) {
+  PlainWindow owner(shared, platform, nullptr);
+  owner.show();
+  WaitUntilActive(owner);
+  WithModal<Form>([&] { PlainWindow(shared, platform, &owner).ShowModal(); },
+                  [](Form& window) { window.Unload(); });
+  WaitUntilActive(owner);
+  EXPECT_TRUE(owner.isActiveWindow());
+}
 
 TEST_F(FormTest, AWindowThatIsGoingIsToldNothingByItsControls) {
   int told = 0;
