@@ -247,7 +247,7 @@ class Soak {
     });
     Add<frmCreate>("frmCreate", noOwner);
     Add("frmHelp", [this] {
-      DesktopHelp help(m_prompts, {ToText(QStringLiteral(QUIB_HELP_FILE))});
+      DesktopHelp help(m_prompts, m_state, {ToText(QStringLiteral(QUIB_HELP_FILE))});
       help.Show(HelpContext::Overview);
       Show(*help.Viewer());
     });
@@ -262,8 +262,8 @@ class Soak {
   DiskFiles m_files;
   ProfileFile m_profile;
   CountingSound m_sound;
-  DesktopHelp m_help{m_prompts, {}};
   RememberedState m_state;
+  DesktopHelp m_help{m_prompts, m_state, {}};
   SharedState m_shared;
   Platform m_platform{m_prompts, m_files, m_profile,
                       m_help,    m_sound, [] { return std::make_unique<SeededRandom>(1); },

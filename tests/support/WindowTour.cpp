@@ -154,7 +154,7 @@ void WindowTour::ShowHelp() {
   const QDir program(QCoreApplication::applicationDirPath());
   HelpBook book(program.filePath(QStringLiteral("../../bin/") + ToQString(Text(HelpFileName))));
   if (!book.IsOpen()) throw std::runtime_error("no help file");
-  frmHelp viewer(book);
+  frmHelp viewer(book, m_platform.state);
   viewer.ShowPage(HelpContext::Index);
   if (!QTest::qWaitFor([&] { return book.Engine().contentModel()->rowCount() > 0; })) {
     throw std::runtime_error("no contents in the help file");

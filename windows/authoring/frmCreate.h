@@ -28,6 +28,8 @@ class frmCreate : public Form {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  Text SizeName() const override { return u"Create"; }
+
   void LayOut();
   void MakeMenus();
   void Form_Load();

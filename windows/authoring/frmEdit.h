@@ -37,6 +37,8 @@ class frmEdit : public Form {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  Text SizeName() const override { return u"Edit"; }
+
   void MakeRows();
   void MakeMenus();
   void LayOut();

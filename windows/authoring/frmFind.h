@@ -24,6 +24,8 @@ class frmFind : public Form {
   void FindNext();
 
  private:
+  Text SizeName() const override { return u"Find"; }
+
   void LayOut();
   SearchSettings Settings() const;
   void SetFindFont();

@@ -4,6 +4,7 @@
 #include "windows/frame/EnterKey.h"
 #include "windows/frame/FitScreen.h"
 #include "windows/frame/MenuEscape.h"
+#include "windows/frame/KeptSize.h"
 #include "windows/frame/Pointer.h"
 #include "windows/frame/QtText.h"
 #include "windows/frame/SharedMnemonics.h"
@@ -125,7 +126,11 @@ void Form::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   if (m_centred) return;
   m_centred = true;
-  FitOnScreen(*this);
+  if (Text name = SizeName(); !name.empty()) {
+    new KeptSize(this, m_platform.state, std::move(name));
+  } else {
+    FitOnScreen(*this);
+  }
   SetPointer(PointerShape::Normal);
 }
 

@@ -56,6 +56,10 @@ class Form : public QDialog {
   void SetOkButton(QPushButton* button);
   void SetCancelButton(QPushButton* button) { m_cancelButton = button; }
 
+  /// The name by which the window's size is kept from run to run; empty for one that opens in the
+  /// size of its contents each time.
+  virtual Text SizeName() const { return {}; }
+
   /// Asked before the window closes; false keeps it open.
   virtual bool Form_QueryUnload(UnloadCause) { return true; }
   virtual void Form_Unload() {}

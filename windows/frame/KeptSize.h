@@ -11,8 +11,8 @@ class QWidget;
 class KeptSize : public QObject {
  public:
   /// Gives `window` the size that is known, as far as the screen and the window's own least size
-  /// let it; without one the window stays as it is. To be called when its contents are laid out
-  /// and its first size is set, before it is shown.
+  /// let it, without one that which it has, and places it as FitOnScreen does. To be called when it
+  /// is shown for the first time.
   /// @param name  by which the size is kept; shared by windows of one kind
   KeptSize(QWidget* window, RememberedState& state, Text name);
 
@@ -21,6 +21,7 @@ class KeptSize : public QObject {
 
  private:
   void Keep();
+  void LeaveOutGrowth(QSize before, QSize now);
 
   QWidget* m_window;
   RememberedState& m_state;

@@ -11,8 +11,8 @@
 
 #include <algorithm>
 
-DesktopHelp::DesktopHelp(Prompts& prompts, std::vector<Text> places)
-    : m_prompts(prompts), m_places(std::move(places)) {}
+DesktopHelp::DesktopHelp(Prompts& prompts, RememberedState& state, std::vector<Text> places)
+    : m_prompts(prompts), m_state(state), m_places(std::move(places)) {}
 
 DesktopHelp::~DesktopHelp() = default;
 
@@ -37,7 +37,7 @@ bool DesktopHelp::Open() {
         {.text = u"The help file can't be read:\r\n" + *file, .icon = PromptIcon::Exclamation});
     return false;
   }
-  m_viewer = std::make_unique<frmHelp>(*m_book);
+  m_viewer = std::make_unique<frmHelp>(*m_book, m_state);
   return true;
 }
 

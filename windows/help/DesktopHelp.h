@@ -7,14 +7,16 @@
 #include <vector>
 
 class HelpBook;
+class RememberedState;
 class frmHelp;
 
 /// The help viewer and the file that it shows. Neither is loaded before help is asked for.
 class DesktopHelp : public HelpService {
  public:
+  /// @param state   where the viewer keeps its size; outlives this
   /// @param places  the full paths where the help file may lie, the first being the one that is
   ///                named when it is at none of them
-  DesktopHelp(Prompts& prompts, std::vector<Text> places);
+  DesktopHelp(Prompts& prompts, RememberedState& state, std::vector<Text> places);
   ~DesktopHelp() override;
   DesktopHelp(const DesktopHelp&) = delete;
   DesktopHelp& operator=(const DesktopHelp&) = delete;
@@ -28,6 +30,7 @@ class DesktopHelp : public HelpService {
   bool Open();
 
   Prompts& m_prompts;
+  RememberedState& m_state;
   std::vector<Text> m_places;
   std::unique_ptr<HelpBook> m_book;
   std::unique_ptr<frmHelp> m_viewer;

@@ -1,7 +1,7 @@
 #include "windows/help/frmHelp.h"
 
 #include "base/Version.h"
-#include "windows/frame/FitScreen.h"
+#include "windows/frame/KeptSize.h"
 #include "windows/frame/QtText.h"
 #include "windows/help/HelpBook.h"
 
@@ -79,9 +79,10 @@ QModelIndex FindEntry(const QHelpContentModel& contents, const QModelIndex& pare
 
 }  // namespace
 
-frmHelp::frmHelp(HelpBook& book)
+frmHelp::frmHelp(HelpBook& book, RememberedState& state)
     : QWidget(nullptr, Qt::Window),
       m_book(book),
+      m_state(state),
       sspCommands(new QToolBar(this)),
       sspSides(new QTabWidget(this)),
       lstContents(book.Engine().contentWidget()),
@@ -254,7 +255,7 @@ void frmHelp::ShowPage(HelpContext context) {
 
 void frmHelp::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  if (!m_placed) FitOnScreen(*this);
+  if (!m_placed) new KeptSize(this, m_state, u"Help");
   m_placed = true;
 }
 

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class HelpBook;
+class RememberedState;
 class QAction;
 class QHelpContentWidget;
 class QHelpIndexWidget;
@@ -24,7 +25,7 @@ class frmHelp : public QWidget {
 
  public:
   /// @param book  stays open as long as the viewer lives
-  explicit frmHelp(HelpBook& book);
+  frmHelp(HelpBook& book, RememberedState& state);
 
   /// Shows the viewer, brought to the front, on the page of a context.
   void ShowPage(HelpContext context);
@@ -56,6 +57,7 @@ class frmHelp : public QWidget {
   void ShowTab(QWidget* tab, QWidget* field);
 
   HelpBook& m_book;
+  RememberedState& m_state;
   QToolBar* sspCommands;
   QTabWidget* sspSides;
   QHelpContentWidget* lstContents;

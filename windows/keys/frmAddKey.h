@@ -29,6 +29,8 @@ class frmAddKey : public Form {
   void Form_Unload() override;
 
  private:
+  Text SizeName() const override { return u"AddKey"; }
+
   void LayOut();
   QWidget* LayOutCharacters();
   QWidget* LayOutKeystroke();

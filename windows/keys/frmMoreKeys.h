@@ -23,6 +23,8 @@ class frmMoreKeys : public Form {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  Text SizeName() const override { return u"MoreKeys"; }
+
   enum class KeyLook { Lowered, Raised, Pressed };
 
   QFrame*& Panel(int key) { return sspKey.at(static_cast<std::size_t>(key)); }

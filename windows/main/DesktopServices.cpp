@@ -36,8 +36,8 @@ Text ProgramFolder() { return ToText(QCoreApplication::applicationDirPath()); }
 DesktopServices::DesktopServices()
     : m_files(UserFolder(QStandardPaths::GenericDataLocation) + u"/rescue"),
       m_profile(m_files, SettingsPath(m_files)),
-      m_help(m_prompts, HelpFilePlaces(ProgramFolder())),
       m_state(m_files, StatePath()),
+      m_help(m_prompts, m_state, HelpFilePlaces(ProgramFolder())),
       platform{m_prompts, m_files, m_profile,
                m_help,    m_sound, [] { return std::make_unique<ClockRandom>(); },
                m_state} {}

@@ -18,9 +18,9 @@ class DesktopServices {
   DesktopPrompts m_prompts;
   DiskFiles m_files;
   ProfileFile m_profile;
+  RememberedState m_state;
   DesktopHelp m_help;
   DesktopSound m_sound;
-  RememberedState m_state;
 
  public:
   Platform platform;

@@ -31,6 +31,8 @@ class frmMain : public Form {
   void Form_Deactivate() override;
 
  private:
+  Text SizeName() const override { return u"Main"; }
+
   /// A command that stands in a menu and on the ribbon.
   struct Command {
     QAction* item = nullptr;

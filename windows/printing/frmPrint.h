@@ -26,6 +26,8 @@ class frmPrint : public Form {
   void Form_Unload() override;
 
  private:
+  Text SizeName() const override { return m_printing ? u"Print" : u"Fonts"; }
+
   struct SideControls {
     QLabel* lblFont;
     QComboBox* cboFont;

@@ -17,6 +17,8 @@ class frmLoad : public Form {
   frmLoad(SharedState& shared, Platform& platform, QWidget* owner);
 
  private:
+  Text SizeName() const override { return u"Load"; }
+
   void LayOut();
   void Form_Load();
   void FillDrives();

@@ -4,7 +4,6 @@
 #include "study/Speller.h"
 #include "study/SpokenText.h"
 #include "windows/frame/DisplayFont.h"
-#include "windows/frame/KeptSize.h"
 #include "windows/frame/QtText.h"
 #include "windows/keys/KeyMenus.h"
 #include "windows/keys/ZoomKeys.h"
@@ -103,7 +102,7 @@ void frmStepper::Form_Load() {
   picTop->setVisible(HasPictures(Stack()));
   ShowSessionStart();
   resize(OpeningSize().boundedTo(screen()->availableSize()));
-  new KeptSize(this, m_platform.state, Text(StudyCaption(chosen)));
+  m_sizeName = StudyCaption(chosen);
   cmdRedo->setEnabled(false);
   cmdNext->setFocus();
   Render();

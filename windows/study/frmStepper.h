@@ -42,6 +42,8 @@ class frmStepper : public Form {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  Text SizeName() const override { return m_sizeName; }
+
   void MakeControls();
   void LayOut();
   void LayOutCard();
@@ -96,6 +98,7 @@ class frmStepper : public Form {
   void txtSpell_LostFocus();
 
   StudyWindows& m_windows;
+  Text m_sizeName;  // one for each mode
   StudySession m_session;
   CardDisplay m_display;
   Text m_topicName;

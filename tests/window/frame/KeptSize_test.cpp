@@ -1,8 +1,10 @@
 #include "windows/frame/KeptSize.h"
 
+#include "program/WindowPlacement.h"
 #include "tests/window/WindowFixture.h"
 
 #include <QScreen>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -35,7 +37,32 @@ TEST_F(KeptSizeTest, ASizeThatNobodyChangedIsNotKept) {
 TEST_F(KeptSizeTest, AWindowIsNeverLargerThanTheScreen) {
   state.KeepSize(u"test", {30000, 30000});
   const auto window = Open();
-  EXPECT_EQ(window->size(), window->screen()->availableSize());
+  const QRect screen = window->screen()->availableGeometry();
+  EXPECT_TRUE(screen.contains(window->frameGeometry()));
+  EXPECT_GT(window->width(), screen.width() / 2);
+}
+
+TEST_F(KeptSizeTest, AWindowIsCentredWhateverItsSize) {
+  state.KeepSize(u"test", {411, 233});
+  const auto window = Open();
+  const QPoint off =
+      window->frameGeometry().center() - window->screen()->availableGeometry().center();
+  EXPECT_LE(off.manhattanLength(), UsualFrame.top) << off.x() << ',' << off.y();
+}
+
+TEST_F(KeptSizeTest, WhatTheContentsNeedIsNotKept) {
+  auto window = std::make_unique<QWidget>();
+  auto* const column = new QVBoxLayout(window.get());
+  auto* const words = new QLabel(QStringLiteral("a"));
+  column->addWidget(words);
+  window->resize(300, 50);
+  new KeptSize(window.get(), state, u"test");
+  window->show();
+  WaitUntilActive(*window);
+  words->setMinimumHeight(200);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return window->height() >= 200; }));
+  window->close();
+  EXPECT_FALSE(files.Has(StatePath));
 }
 
 TEST_F(KeptSizeTest, AMaximisedWindowLeavesTheSizeItHadBefore) {

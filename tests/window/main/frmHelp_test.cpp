@@ -90,7 +90,7 @@ class frmHelpTest : public WindowTest {
     throw std::runtime_error("no button");
   }
 
-  DesktopHelp service{prompts, {ToText(BuiltHelpFile())}};
+  DesktopHelp service{prompts, state, {ToText(BuiltHelpFile())}};
 };
 
 TEST_F(frmHelpTest, OpensOnThePageOfEveryContext) {
@@ -298,7 +298,7 @@ class DesktopHelpTest : public WindowTest {
 
 TEST_F(DesktopHelpTest, SaysWhichFileIsMissingAndOpensNothing) {
   prompts.Expect(Answer::Ok);
-  DesktopHelp service(prompts, {InFolder("quib.HLP"), InFolder("share/quib.HLP")});
+  DesktopHelp service(prompts, state, {InFolder("quib.HLP"), InFolder("share/quib.HLP")});
   service.Show(HelpContext::Load);
   ASSERT_EQ(prompts.shown.size(), 1U);
   EXPECT_EQ(prompts.shown[0].text, MissingHelpPrompt(InFolder("quib.HLP")).text);
@@ -306,7 +306,7 @@ TEST_F(DesktopHelpTest, SaysWhichFileIsMissingAndOpensNothing) {
 }
 
 TEST_F(DesktopHelpTest, FindsTheFileAtTheSecondPlace) {
-  DesktopHelp service(prompts, {InFolder("quib.HLP"), ToText(BuiltHelpFile())});
+  DesktopHelp service(prompts, state, {InFolder("quib.HLP"), ToText(BuiltHelpFile())});
   service.Show(HelpContext::Load);
   ASSERT_NE(service.Viewer(), nullptr);
   EXPECT_TRUE(service.Viewer()->isVisible());
@@ -318,7 +318,7 @@ TEST_F(DesktopHelpTest, SaysThatABrokenFileCannotBeRead) {
   broken.write("no help");
   broken.close();
   prompts.Expect(Answer::Ok);
-  DesktopHelp service(prompts, {InFolder("quib.HLP")});
+  DesktopHelp service(prompts, state, {InFolder("quib.HLP")});
   service.Show(HelpContext::Load);
   ASSERT_EQ(prompts.shown.size(), 1U);
   EXPECT_EQ(prompts.shown[0].text, u"The help file can't be read:\r\n" + InFolder("quib.HLP"));
@@ -328,7 +328,7 @@ TEST_F(DesktopHelpTest, SaysThatABrokenFileCannotBeRead) {
 TEST_F(DesktopHelpTest, LeavesNothingBesideTheHelpFile) {
   ASSERT_TRUE(QFile::copy(BuiltHelpFile(), folder.filePath(QStringLiteral("quib.HLP"))));
   {
-    DesktopHelp service(prompts, {InFolder("quib.HLP")});
+    DesktopHelp service(prompts, state, {InFolder("quib.HLP")});
     service.Show(HelpContext::Load);
     EXPECT_NE(service.Viewer(), nullptr);
   }
