@@ -2,7 +2,7 @@
 
 #include "windows/frame/FitScreen.h"
 
-#include <QResizeEvent>
+#include <QEvent>
 #include <QWidget>
 
 KeptSize::KeptSize(QWidget* window, RememberedState& state, Text name)
@@ -16,29 +16,30 @@ KeptSize::KeptSize(QWidget* window, RememberedState& state, Text name)
 }
 
 bool KeptSize::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == m_window && event->type() == QEvent::Hide && !event->spontaneous()) Keep();
-  if (watched == m_window && event->type() == QEvent::Resize) {
-    const auto& resize = *static_cast<QResizeEvent*>(event);
-    LeaveOutGrowth(resize.oldSize(), resize.size());
+  if (watched != m_window) return QObject::eventFilter(watched, event);
+  switch (event->type()) {
+    case QEvent::WindowActivate:
+      // What the desktop made of the window on its way to the screen is nobody's wish.
+      if (!m_settled) m_known = m_window->size();
+      m_settled = true;
+      break;
+    case QEvent::Resize:
+      if (!event->spontaneous() && !IsWhole()) m_known = m_window->size();
+      break;
+    case QEvent::Hide:
+      if (!event->spontaneous()) Keep();
+      break;
+    default:
+      break;
   }
   return QObject::eventFilter(watched, event);
 }
 
-/// A window that grows because its contents need more room was not enlarged by anybody.
-void KeptSize::LeaveOutGrowth(QSize before, QSize now) {
-  const QSize least = m_window->minimumSize();
-  if (m_known.width() == before.width() && before.width() < least.width()) {
-    m_known.setWidth(now.width());
-  }
-  if (m_known.height() == before.height() && before.height() < least.height()) {
-    m_known.setHeight(now.height());
-  }
-}
+bool KeptSize::IsWhole() const { return m_window->isMaximized() || m_window->isFullScreen(); }
 
 void KeptSize::Keep() {
-  const bool whole = m_window->isMaximized() || m_window->isFullScreen();
-  const QSize size = whole ? m_window->normalGeometry().size() : m_window->size();
-  if (size == m_known || size.isEmpty()) return;
+  const QSize size = IsWhole() ? m_window->normalGeometry().size() : m_window->size();
+  if (!m_settled || size == m_known || size.isEmpty()) return;
   m_known = size;
   m_state.KeepSize(m_name, {size.width(), size.height()});
 }

@@ -7,7 +7,8 @@
 
 class QWidget;
 
-/// Lets a window open at the size that its user gave it the last time.
+/// Lets a window open at the size that its user gave it the last time. A size that the program or
+/// the screen gave it, as on a screen that is too small, is not kept.
 class KeptSize : public QObject {
  public:
   /// Gives `window` the size that is known, as far as the screen and the window's own least size
@@ -20,11 +21,12 @@ class KeptSize : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  bool IsWhole() const;
   void Keep();
-  void LeaveOutGrowth(QSize before, QSize now);
 
   QWidget* m_window;
   RememberedState& m_state;
   Text m_name;
-  QSize m_known;  // the size that needs no keeping
+  QSize m_known;           // the size that needs no keeping
+  bool m_settled = false;  // has been active once
 };

@@ -5,6 +5,7 @@
 
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWindow>
 
 namespace {
 
@@ -19,12 +20,17 @@ class KeptSizeTest : public WindowTest {
     WaitUntilActive(*window);
     return window;
   }
+  /// As the desktop tells the window that its border was dragged.
+  static void ResizeByUser(QWidget& window, const QSize& size) {
+    window.windowHandle()->resize(size);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }));
+  }
 };
 
 TEST_F(KeptSizeTest, AWindowOpensAtTheSizeItWasGiven) {
   const auto first = Open();
   EXPECT_EQ(first->size(), QSize(300, 200));
-  first->resize(400, 250);
+  ResizeByUser(*first, {400, 250});
   first->close();
   EXPECT_EQ(Open()->size(), QSize(400, 250));
 }
@@ -32,6 +38,34 @@ TEST_F(KeptSizeTest, AWindowOpensAtTheSizeItWasGiven) {
 TEST_F(KeptSizeTest, ASizeThatNobodyChangedIsNotKept) {
   Open()->close();
   EXPECT_FALSE(files.Has(StatePath));
+}
+
+TEST_F(KeptSizeTest, ASizeThatTheProgramOrTheScreenGaveIsNotKept) {
+  state.KeepSize(u"test", {900, 700});
+  {
+    const auto window = Open();
+    window->resize(400, 250);  // as a screen asks for that has no room for more
+    window->close();
+  }
+  EXPECT_EQ(state.Size(u"test"), (WindowSize{900, 700}));
+  {
+    const auto window = std::make_unique<QWidget>();
+    new KeptSize(window.get(), state, u"test");
+    window->winId();
+    window->windowHandle()->resize(420, 260);  // by the desktop, before anybody sees the window
+    window->show();
+    WaitUntilActive(*window);
+    window->close();
+  }
+  EXPECT_EQ(state.Size(u"test"), (WindowSize{900, 700}));
+}
+
+TEST_F(KeptSizeTest, ASizeIsKeptThatFollowsOneFromTheScreen) {
+  const auto window = Open();
+  window->resize(400, 250);
+  ResizeByUser(*window, {420, 260});
+  window->close();
+  EXPECT_EQ(state.Size(u"test"), (WindowSize{420, 260}));
 }
 
 TEST_F(KeptSizeTest, AWindowIsNeverLargerThanTheScreen) {
@@ -67,7 +101,7 @@ TEST_F(KeptSizeTest, WhatTheContentsNeedIsNotKept) {
 
 TEST_F(KeptSizeTest, AMaximisedWindowLeavesTheSizeItHadBefore) {
   const auto window = Open();
-  window->resize(350, 220);
+  ResizeByUser(*window, {350, 220});
   window->showMaximized();
   ASSERT_TRUE(QTest::qWaitFor([&] { return window->isMaximized(); }));
   window->close();
