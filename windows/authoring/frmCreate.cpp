@@ -34,8 +34,8 @@ frmCreate::frmCreate(SharedState& shared, Platform& platform, QWidget* owner)
       lblNotice(Add<QLabel>(QStringLiteral("lblNotice"))),
       m_sides{new SidePanel(Front, shared, platform, this),
               new SidePanel(Back, shared, platform, this)},
-      cmdPrev(Add<QPushButton>(QStringLiteral("cmdPrev"), QStringLiteral("&Previous Card"))),
       cmdCont(Add<QPushButton>(QStringLiteral("cmdCont"), QStringLiteral("Continue"))),
+      cmdPrev(Add<QPushButton>(QStringLiteral("cmdPrev"), QStringLiteral("&Previous Card"))),
       cmdCanc(Add<QPushButton>(QStringLiteral("cmdCanc"), QStringLiteral("Cancel Entry"))),
       cmdEnd(Add<QPushButton>(QStringLiteral("cmdEnd"))),
       cmdCancAll(Add<QPushButton>(QStringLiteral("cmdCancAll"), QStringLiteral("Cancel All"))) {
@@ -68,9 +68,8 @@ void frmCreate::LayOut() {
   cmdPrev->setToolTip(QStringLiteral("Back to a card that you have typed, to correct it"));
   cmdCont->setToolTip(QStringLiteral("Store the card and go on (Ctrl+Enter)"));
   auto* const buttons = new QHBoxLayout;
-  buttons->addWidget(cmdPrev);
   buttons->addStretch();
-  for (QPushButton* const button : {cmdCont, cmdCanc, cmdEnd, cmdCancAll}) {
+  for (QPushButton* const button : {cmdCont, cmdPrev, cmdCanc, cmdEnd, cmdCancAll}) {
     buttons->addWidget(button);
   }
   auto* const column = new QVBoxLayout(this);

@@ -65,8 +65,8 @@ class frmCreate : public Form {
   QLabel* lblCardCount;
   QLabel* lblNotice;
   std::array<SidePanel*, 2> m_sides;
-  QPushButton* cmdPrev;
   QPushButton* cmdCont;
+  QPushButton* cmdPrev;
   QPushButton* cmdCanc;
   QPushButton* cmdEnd;
   QPushButton* cmdCancAll;
