@@ -13,6 +13,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTabBar>
@@ -373,6 +374,27 @@ QStringList WordlessPictures(QWidget& window) {
     const bool described = IsSpoken(name) || IsSpoken(thing.text(QAccessible::Description));
     if ((picture && !described) || (IsEntry(thing.role()) && !IsSpoken(name))) {
       broken << QStringLiteral("%1 has no words").arg(NameOf(thing));
+    }
+  });
+  return broken;
+}
+
+QStringList IdleWords(QWidget& window) {
+  static const QRegularExpression tag(QStringLiteral("</?[a-z]+( [a-z]+=[^>]*)?>"));
+  QStringList broken;
+  ForEachThing(window, [&](QAccessibleInterface& thing) {
+    const QString name = thing.text(QAccessible::Name);
+    const QString description = thing.text(QAccessible::Description);
+    for (const QString& words : {name, description}) {
+      if (words.contains(tag)) broken << QStringLiteral("%1 is told in markup").arg(NameOf(thing));
+      if (words.endsWith(QStringLiteral("   "))) {
+        broken << QStringLiteral("%1 ends in blanks").arg(NameOf(thing));
+      }
+    }
+    const auto* const tool = qobject_cast<const QToolButton*>(thing.object());
+    const bool ofAnAction = tool != nullptr && tool->defaultAction() != nullptr;
+    if (IsSpoken(name) && name == description && !ofAnAction) {
+      broken << QStringLiteral("%1 is told twice").arg(NameOf(thing));
     }
   });
   return broken;

@@ -18,6 +18,11 @@ QStringList UntoldRoles(QWidget& window);
 /// can be spoken.
 QStringList WordlessPictures(QWidget& window);
 
+/// What a reader would spell out though it means nothing to the ear: markup, or a row of blanks at
+/// the end, in names and descriptions; and descriptions that say the name again. A
+/// tool button of an action may: the toolkit makes both of the action's text.
+QStringList IdleWords(QWidget& window);
+
 /// Keys that mean two things at once: mnemonics of controls and of the menu bar's entries,
 /// shortcuts, and mnemonics inside one menu. A control counts also while it is disabled.
 /// @return "Alt+E: cmdEdit, mnuEdit"

@@ -1,6 +1,7 @@
 #include "windows/frame/SettingsNotice.h"
 
 #include "windows/frame/QtText.h"
+#include "windows/frame/ToolTips.h"
 
 #include <QBoxLayout>
 #include <QDialog>
@@ -45,6 +46,7 @@ void ShowSettingsTrouble(QDialog& window, const ProfileFile& profile) {
     notice = AddNotice(window);
   }
   notice->setText(text);
-  notice->setToolTip(PlainToolTip(profile.Path()));
+  SetSilentToolTip(*notice, profile.Path());
+  notice->setAccessibleDescription(ToQString(profile.Path()));
   notice->setHidden(text.isEmpty());
 }

@@ -4,6 +4,7 @@
 #include "windows/frame/AccessibleRole.h"
 #include "windows/frame/DisplayFont.h"
 #include "windows/frame/QtText.h"
+#include "windows/frame/ToolTips.h"
 
 #include <QFontInfo>
 #include <QFontMetrics>
@@ -164,7 +165,7 @@ void frmMoreKeys::ShowKey(int key) {
   label.setText(drawn ? QString(QChar(CharOfCode(code))) : Placeholder(code));
   m_dimmed.at(static_cast<std::size_t>(key)) = drawing != Drawing::Itself;
   const QString description = Description(code, drawing);
-  Panel(key)->setToolTip(description);
+  SetSilentToolTip(*Panel(key), ToText(description));
   Panel(key)->setAccessibleName(description);
   SetLook(key, KeyLook::Lowered);
 }

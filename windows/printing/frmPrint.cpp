@@ -5,6 +5,7 @@
 #include "windows/frame/Icons.h"
 #include "windows/frame/Pointer.h"
 #include "windows/frame/QtText.h"
+#include "windows/frame/ToolTips.h"
 #include "windows/printing/StackPrinter.h"
 
 #include <QComboBox>
@@ -192,7 +193,11 @@ void frmPrint::Form_Load() {
                              : switches.NewTopicName;
   setWindowTitle(TitleText(m_printing ? PrintCaption(stack) : DisplayFontCaption(topicName)));
   sspAction->setText(m_printing ? ToQString(PrintAction(stack)) : ToQString(DisplayFontAction));
-  if (m_printing) sspAction->setToolTip(PlainToolTip(TrimRight(PrintAction(stack))));
+  if (m_printing) {
+    const Text action(TrimRight(PrintAction(stack)));  // the name stands in its full width
+    SetSilentToolTip(*sspAction, action);
+    sspAction->setAccessibleName(ToQString(action));
+  }
   FillFontLists();
   const TopicFonts& fonts = m_shared.Topic.Fonts;
   cboFrontFont->setCurrentIndex(cboFrontFont->findText(ToQString(fonts.FrontFont)));

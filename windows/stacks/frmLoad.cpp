@@ -8,6 +8,7 @@
 #include "windows/frame/Pointer.h"
 #include "windows/frame/ProgramFolders.h"
 #include "windows/frame/QtText.h"
+#include "windows/frame/ToolTips.h"
 #include "windows/stacks/NameList.h"
 #include "windows/stacks/frmDesc.h"
 #include "windows/topics/frmConfig.h"
@@ -177,7 +178,7 @@ void frmLoad::ShowPlace() {
 void frmLoad::FillLists(const FolderContent& content) {
   const Text shown = ShownName(m_folder);
   lblFolder->setText(ToQString(shown));
-  lblFolder->setToolTip(PlainToolTip(shown));
+  SetSilentToolTip(*lblFolder, shown);
   std::vector<Text> folders;
   if (m_folder != u"/") folders.emplace_back(ParentFolder);
   folders.insert(folders.end(), content.folders.begin(), content.folders.end());

@@ -3,6 +3,8 @@
 #include "windows/frame/AccessibleRole.h"
 #include "windows/frame/Icons.h"
 #include "windows/frame/OneLine.h"
+#include "windows/frame/QtText.h"
+#include "windows/frame/ToolTips.h"
 #include "windows/keys/CardField.h"
 #include "windows/keys/KeyMenus.h"
 #include "windows/keys/ZoomKeys.h"
@@ -64,7 +66,7 @@ void frmStepper::LayOut() {
   for (std::size_t i = 0; i < ssrSound.size(); ++i) {
     ssrSound[i]->setIcon(TintedIcon("sound"));
     ssrSound[i]->setIconSize(QSize(soundIcon, soundIcon));
-    ssrSound[i]->setToolTip(tips[i]);
+    SetSilentToolTip(*ssrSound[i], ToText(tips[i]));
     ssrSound[i]->setAccessibleName(tips[i]);
   }
   auto* const lblSide = Add<QLabel>(QStringLiteral("lblSide"), QStringLiteral("Ask first:"));
@@ -127,6 +129,8 @@ void frmStepper::LayOutCard() {
   }
   lblTop->setAccessibleDescription(QStringLiteral("Question"));
   lblBottom->setAccessibleDescription(QStringLiteral("Answer"));
+  m_question = new ScrolledText(lblTop, sspTop);
+  picTop->setParent(sspTop);  // a reader goes through them in the order they come in
   m_answerHalf = new QWidget(sspTop);
   auto* const middle = new QFrame(m_answerHalf);
   middle->setFrameShape(QFrame::HLine);
@@ -140,7 +144,6 @@ void frmStepper::LayOutCard() {
   auto* const card = new QVBoxLayout(sspTop);
   card->setContentsMargins(12, 8, 12, 8);
   card->setSpacing(8);
-  m_question = new ScrolledText(lblTop, sspTop);
   card->addWidget(m_question, 2);
   card->addWidget(picTop, 3);
   card->addWidget(m_answerHalf, 2);
@@ -187,7 +190,7 @@ QWidget* frmStepper::MakeScoreRow() {
     imgPicture[i]->setPixmap(
         TintedIcon(icons[i]).pixmap(QSize(MarkSize, MarkSize), devicePixelRatioF()));
     imgPicture[i]->setAccessibleName(names[i]);
-    imgPicture[i]->setToolTip(names[i]);
+    SetSilentToolTip(*imgPicture[i], ToText(names[i]));
     imgPicture[i]->hide();
   }
   line->addWidget(marks);

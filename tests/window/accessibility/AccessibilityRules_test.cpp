@@ -86,10 +86,19 @@ TEST_F(AccessibilityRulesTest, AWindowWithoutFaultsBreaksNone) {
   name->setBuddy(&Add<QLineEdit>("txtName"));
   Add<QCheckBox>("sscFront", QStringLiteral("&Front"));
   QWidget& window = Shown();
-  for (const auto rule : {UnnamedControls, UntoldRoles, WordlessPictures, SharedKeys,
+  for (const auto rule : {UnnamedControls, UntoldRoles, WordlessPictures, IdleWords, SharedKeys,
                           BrokenTabOrder, MouseOnlyControls, InvisibleFocus}) {
     EXPECT_EQ(rule(window), QStringList());
   }
+}
+
+TEST_F(AccessibilityRulesTest, FindsWordsThatMeanNothingToTheEar) {
+  Add<QLabel>("lblPadded", QStringLiteral("name") + QString(20, u' '));
+  auto& label = Add<QLabel>("lblTip", QStringLiteral("one"));
+  label.setToolTip(QStringLiteral("<div style='white-space:pre'>two</div>"));
+  Add<QPushButton>("cmdTwice", QStringLiteral("same")).setToolTip(QStringLiteral("same"));
+  EXPECT_EQ(IdleWords(Shown()), QStringList({"lblPadded ends in blanks", "lblTip is told in markup",
+                                             "cmdTwice is told twice"}));
 }
 
 TEST_F(AccessibilityRulesTest, FindsAControlWithoutAName) {

@@ -31,6 +31,7 @@ void ExpectInEveryWindow(const Rule& rule, QStringList excepted = {}) {
 TEST(EveryWindow, NamesWhatCanHaveTheFocus) { ExpectInEveryWindow(UnnamedControls); }
 TEST(EveryWindow, SaysWhatEachControlIs) { ExpectInEveryWindow(UntoldRoles); }
 TEST(EveryWindow, HasWordsForPicturesAndEntries) { ExpectInEveryWindow(WordlessPictures); }
+TEST(EveryWindow, SaysNothingIdle) { ExpectInEveryWindow(IdleWords); }
 TEST(EveryWindow, LetsTabGoRoundAsItReads) { ExpectInEveryWindow(BrokenTabOrder); }
 TEST(EveryWindow, ShowsWhereTheFocusIs) { ExpectInEveryWindow(InvisibleFocus); }
 

@@ -1,6 +1,7 @@
 #include "base/Paths.h"
 #include "tests/window/cards/LoadFixture.h"
 #include "windows/frame/ElidedLabel.h"
+#include "windows/frame/ToolTips.h"
 #include "windows/stacks/NameList.h"
 
 #include <QComboBox>
@@ -231,7 +232,8 @@ TEST_F(frmLoadListsTest, TheFolderIsCutOnTheLeftAndPlainInItsToolTip) {
   WithDialog(FileDialogMode::Load, [&](frmLoad& window) {
     auto& label = Find<ElidedLabel>(window, "lblFolder");
     EXPECT_EQ(label.text(), ToQString(folder));
-    EXPECT_TRUE(label.toolTip().contains("&lt;b&gt;long"));
+    EXPECT_EQ(SilentToolTip(label), ToQString(folder));
+    EXPECT_EQ(label.toolTip(), "") << "it would be read out";
     EXPECT_LT(window.width(), 1000);
     // The end is what is drawn: another beginning changes no pixel, another end does.
     const QImage drawn = label.grab().toImage();
