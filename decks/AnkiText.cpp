@@ -1,7 +1,7 @@
 #include "decks/AnkiText.h"
 
+#include "base/CodePage.h"
 #include "base/LetterCase.h"
-#include "decks/DelimitedText.h"
 #include "decks/Markup.h"
 
 #include <algorithm>
@@ -83,18 +83,18 @@ void TakeHeaderLine(Header& header, TextView key, TextView value) {
   }
 }
 
-Header TakeHeader(TextView& text) {
+Header TakeHeader(std::string_view& utf8) {
   Header header;
-  while (text.starts_with(u'#')) {
-    const std::size_t end = std::min(text.find_first_of(LineBreak), text.size());
-    const TextView line = text.substr(1, end - 1);
-    const std::size_t colon = line.find(u':');
-    if (colon != TextView::npos) {
-      TakeHeaderLine(header, line.substr(0, colon), line.substr(colon + 1));
+  while (utf8.starts_with('#')) {
+    const std::size_t end = std::min(utf8.find_first_of("\r\n"), utf8.size());
+    const std::string_view line = utf8.substr(1, end - 1);
+    const std::size_t colon = line.find(':');
+    if (colon != std::string_view::npos) {
+      TakeHeaderLine(header, FromUtf8(line.substr(0, colon)), FromUtf8(line.substr(colon + 1)));
     }
-    text.remove_prefix(end);
-    if (text.starts_with(u'\r')) text.remove_prefix(1);
-    if (text.starts_with(u'\n')) text.remove_prefix(1);
+    utf8.remove_prefix(end);
+    if (utf8.starts_with('\r')) utf8.remove_prefix(1);
+    if (utf8.starts_with('\n')) utf8.remove_prefix(1);
     ++header.lines;
   }
   return header;
@@ -103,8 +103,9 @@ Header TakeHeader(TextView& text) {
 std::vector<TableColumn> ColumnsOf(const Header& header, char separator, TextColumns wanted) {
   std::vector<TableColumn> columns;
   if (!header.columns.empty()) {
-    const FittingRule fitting = FindFittingRule(header.columns, separator, QuoteRule::None, 1);
-    (void)ReadDelimited(header.columns, separator, fitting.rule, 1, [&](DelimitedRow& row) {
+    const std::string names = ToUtf8(header.columns);
+    const FittingRule fitting = FindFittingRule(names, separator, QuoteRule::None, 1);
+    (void)ReadDelimited(names, separator, fitting.rule, 1, [&](DelimitedRow& row) {
       if (columns.empty()) columns = ColumnsOfHeading(row.fields);
     });
   }
@@ -164,7 +165,17 @@ void NameDeck(const Header& header, Deck& deck) {
   deck.description = header.deck.substr(at + DeckSeparator.size());
 }
 
-Text OneLine(TextView text) { return ReplaceAll(WithCrLf(text), LineBreak, u" "); }
+std::string OneLine(TextView text) { return ToUtf8(ReplaceAll(WithCrLf(text), LineBreak, u" ")); }
+
+/// LooksMarkedUp of a text of any length, piece by piece.
+bool LooksMarkedUpSomewhere(std::string_view utf8) {
+  constexpr std::size_t Piece = 65536;
+  constexpr std::size_t Overlap = 16;  // more than the longest mark
+  for (; !utf8.empty(); utf8.remove_prefix(std::min(Piece, utf8.size()))) {
+    if (LooksMarkedUp(FromUtf8(utf8.substr(0, Piece + Overlap)))) return true;
+  }
+  return false;
+}
 
 }  // namespace
 
@@ -177,10 +188,10 @@ bool LooksLikeAnkiText(TextView text) {
   });
 }
 
-bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findings) {
-  Header header = TakeHeader(text);
-  const char separator = header.separator.value_or(GuessSeparator(text, '\t'));
-  const FittingRule fitting = FindFittingRule(text, separator, QuoteRule::None, header.lines + 1);
+bool ReadAnkiText(std::string_view utf8, TextColumns wanted, Deck& deck, Findings& findings) {
+  Header header = TakeHeader(utf8);
+  const char separator = header.separator.value_or(GuessSeparator(utf8, '\t'));
+  const FittingRule fitting = FindFittingRule(utf8, separator, QuoteRule::None, header.lines + 1);
   if (fitting.end.tooLargeLine != 0) {
     findings.push_back(TooLargeRow(fitting.end.tooLargeLine));
     return false;
@@ -194,7 +205,7 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
     findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
                              "quotes are not used as in a table; they stay in the texts"));
   }
-  const bool html = header.html.value_or(LooksMarkedUp(text));
+  const bool html = header.html ? *header.html : LooksMarkedUpSomewhere(utf8);
   MarkupLosses losses;
   const auto decode = [&](Text& field, DeckSide& side) {
     DeckSide decoded = DecodeMarkup(field, html, losses);
@@ -205,7 +216,7 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
   DeckOfRows deckOfRows(header, findings);
   Findings ofCards;
   CardRows cards(ColumnsOf(header, separator, wanted), decode, deck, ofCards);
-  (void)ReadDelimited(text, separator, fitting.rule, header.lines + 1, [&](DelimitedRow& row) {
+  (void)ReadDelimited(utf8, separator, fitting.rule, header.lines + 1, [&](DelimitedRow& row) {
     deckOfRows.Take(row);
     cards.Take(row);
   });
@@ -237,21 +248,23 @@ bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findi
   return true;
 }
 
-Text WriteAnkiText(const Deck& deck) {
-  Text text = u"#separator:tab\r\n#html:true\r\n";
-  if (!deck.topic.empty() || !deck.description.empty()) {
-    const TextView between = deck.topic.empty() || deck.description.empty() ? u"" : DeckSeparator;
-    text.append(u"#deck:").append(OneLine(deck.topic)).append(between);
-    text.append(OneLine(deck.description)).append(LineBreak);
+void WriteAnkiText(const Deck& deck, const RowWriter& write) {
+  const std::string topic = OneLine(deck.topic);
+  const std::string description = OneLine(deck.description);
+  const auto writeKey = [&](std::string_view key, std::string_view value) {
+    write(std::string("#").append(key).append(":").append(value).append("\r\n"));
+  };
+  writeKey("separator", "tab");
+  writeKey("html", "true");
+  if (!topic.empty() || !description.empty()) {
+    const TextView between = topic.empty() || description.empty() ? u"" : DeckSeparator;
+    writeKey("deck", topic + ToUtf8(between) + description);
   }
-  if (!deck.topic.empty()) text.append(u"#topic:").append(OneLine(deck.topic)).append(LineBreak);
-  if (!deck.description.empty()) {
-    text.append(u"#description:").append(OneLine(deck.description)).append(LineBreak);
-  }
-  text.append(u"#columns:").append(NameOfRole(ColumnRole::FrontText)).append(u"\t");
-  text.append(NameOfRole(ColumnRole::BackText)).append(LineBreak);
+  if (!topic.empty()) writeKey("topic", topic);
+  if (!description.empty()) writeKey("description", description);
+  writeKey("columns", ToUtf8(NameOfRole(ColumnRole::FrontText)) + "\t" +
+                          ToUtf8(NameOfRole(ColumnRole::BackText)));
   for (const DeckCard& card : deck.cards) {
-    AppendRow(text, {EncodeMarkup(card.sides[0]), EncodeMarkup(card.sides[1])}, '\t');
+    write(WriteRow({EncodeMarkup(card.sides[0]), EncodeMarkup(card.sides[1])}, '\t'));
   }
-  return text;
 }

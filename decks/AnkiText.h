@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decks/Deck.h"
+#include "decks/DelimitedText.h"
 #include "decks/Finding.h"
 #include "decks/TableColumns.h"
 
@@ -12,7 +13,7 @@ bool LooksLikeAnkiText(TextView text);
 /// Reads the notes as cards. The topic and the description come from the lines "#topic:" and
 /// "#description:", which are ours and which Anki skips, else from "#deck:".
 /// @return false when it is no such file; then the last finding is an error
-bool ReadAnkiText(TextView text, TextColumns wanted, Deck& deck, Findings& findings);
+bool ReadAnkiText(std::string_view utf8, TextColumns wanted, Deck& deck, Findings& findings);
 
 /// Tab-separated, with HTML.
-Text WriteAnkiText(const Deck& deck);
+void WriteAnkiText(const Deck& deck, const RowWriter& write);

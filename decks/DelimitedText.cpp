@@ -72,20 +72,30 @@ class Parser {
   csv_parser m_parser{};
 };
 
-/// The beginning of `text`, up to the end of its first line (LF, CR LF or CR) if that is not far.
-TextView FirstPiece(TextView text) {
-  constexpr std::size_t MostUnits = 65536;
-  TextView piece = text.substr(0, MostUnits);
-  const std::size_t end = piece.find_first_of(LineBreak);
-  if (end != TextView::npos) {
-    const bool both = text[end] == u'\r' && end + 1 < text.size() && text[end + 1] == u'\n';
-    return text.substr(0, end + (both ? 2 : 1));
-  }
-  const bool parted = piece.size() < text.size() && (piece.back() & 0xFC00) == 0xD800;
-  return parted ? piece.substr(0, piece.size() - 1) : piece;
+/// The beginning of `utf8`, up to the end of its first line (LF, CR LF or CR) if that is not far;
+/// it may end within a character.
+std::string_view FirstPiece(std::string_view utf8) {
+  constexpr std::size_t MostBytes = 65536;
+  const std::string_view piece = utf8.substr(0, MostBytes);
+  const std::size_t end = piece.find_first_of("\r\n");
+  if (end == std::string_view::npos) return piece;
+  return utf8.substr(0, end + (utf8.substr(end).starts_with("\r\n") ? 2 : 1));
 }
 
-bool EndsLine(TextView piece) { return piece.back() == u'\r' || piece.back() == u'\n'; }
+bool EndsLine(std::string_view piece) { return piece.back() == '\r' || piece.back() == '\n'; }
+
+/// U+FFFD for each null character.
+std::string WithoutNulls(std::string_view piece) {
+  std::string kept;
+  for (const char byte : piece) {
+    if (byte == '\0') {
+      kept += "\xEF\xBF\xBD";
+    } else {
+      kept += byte;
+    }
+  }
+  return kept;
+}
 
 bool NeedsQuotes(TextView field, char separator) {
   if (field.empty()) return false;
@@ -102,7 +112,7 @@ bool NeedsQuotes(TextView field, char separator) {
 
 }  // namespace
 
-TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
+TableEnd ReadDelimited(std::string_view utf8, char separator, QuoteRule rule, int firstLine,
                        const RowListener& listener) {
   Parser parser(separator, rule);
   int line = firstLine;
@@ -114,16 +124,13 @@ TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstL
     }
     parser.finished.clear();
   };
-  while (!text.empty()) {
-    const TextView piece = FirstPiece(text);
-    text.remove_prefix(piece.size());
+  while (!utf8.empty()) {
+    const std::string_view piece = FirstPiece(utf8);
+    utf8.remove_prefix(piece.size());
     if (!std::exchange(parser.rowIsOpen, true)) rowLine = line;
-    std::string utf8 = ToUtf8(piece);
     // The parser's "no quote" is the null character, which no text of words holds.
-    if (rule == QuoteRule::None && utf8.find('\0') != std::string::npos) {
-      utf8 = ToUtf8(ReplaceAll(piece, TextView(u"\0", 1), u"\uFFFD"));
-    }
-    if (!parser.Feed(utf8)) return {line, 0};
+    const bool hasNull = rule == QuoteRule::None && piece.find('\0') != std::string_view::npos;
+    if (!parser.Feed(hasNull ? WithoutNulls(piece) : piece)) return {line, 0};
     if (parser.isTooLarge) return {0, rowLine};
     tellRows();
     if (EndsLine(piece)) ++line;
@@ -134,22 +141,23 @@ TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstL
   return {};
 }
 
-FittingRule FindFittingRule(TextView text, char separator, QuoteRule otherwise, int firstLine) {
-  const TableEnd strict = ReadDelimited(text, separator, QuoteRule::Strict, firstLine, {});
+FittingRule FindFittingRule(std::string_view utf8, char separator, QuoteRule otherwise,
+                            int firstLine) {
+  const TableEnd strict = ReadDelimited(utf8, separator, QuoteRule::Strict, firstLine, {});
   if (strict.brokenLine == 0) return {QuoteRule::Strict, 0, strict};
-  return {otherwise, strict.brokenLine, ReadDelimited(text, separator, otherwise, firstLine, {})};
+  return {otherwise, strict.brokenLine, ReadDelimited(utf8, separator, otherwise, firstLine, {})};
 }
 
-char GuessSeparator(TextView text, char fallback) {
+char GuessSeparator(std::string_view utf8, char fallback) {
   constexpr std::array<char, 3> Candidates = {'\t', ',', ';'};
   std::array<int, Candidates.size()> counts{};
   bool quoted = false;
-  for (const char16_t unit : text) {
-    if (unit == u'"') quoted = !quoted;
+  for (const char byte : utf8) {
+    if (byte == '"') quoted = !quoted;
     if (quoted) continue;
-    if (unit == u'\n' || unit == u'\r') break;
+    if (byte == '\n' || byte == '\r') break;
     for (std::size_t i = 0; i < Candidates.size(); ++i) {
-      if (unit == static_cast<char16_t>(Candidates[i])) ++counts[i];
+      if (byte == Candidates[i]) ++counts[i];
     }
   }
   const auto most = std::max_element(counts.begin(), counts.end());
@@ -159,17 +167,18 @@ char GuessSeparator(TextView text, char fallback) {
   return Candidates[static_cast<std::size_t>(most - counts.begin())];
 }
 
-void AppendRow(Text& text, const std::vector<Text>& fields, char separator) {
+std::string WriteRow(const std::vector<Text>& fields, char separator) {
+  std::string utf8;
   const bool onlyEmpty =
       std::all_of(fields.begin(), fields.end(), [](const Text& field) { return field.empty(); });
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (i > 0) text += static_cast<char16_t>(separator);
+    if (i > 0) utf8 += separator;
     // A row of nothing would be an empty line, and those give no row.
     if (NeedsQuotes(fields[i], separator) || (i == 0 && onlyEmpty)) {
-      text.append(u"\"").append(ReplaceAll(fields[i], u"\"", u"\"\"")).append(u"\"");
+      utf8.append("\"").append(ToUtf8(ReplaceAll(fields[i], u"\"", u"\"\""))).append("\"");
     } else {
-      text.append(fields[i]);
+      utf8.append(ToUtf8(fields[i]));
     }
   }
-  text.append(LineBreak);
+  return utf8.append("\r\n");
 }

@@ -4,9 +4,11 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
-// Text in rows and columns: comma-separated (RFC 4180), tab-separated, and their relatives.
+// Text in rows and columns: comma-separated (RFC 4180), tab-separated, and their relatives. Whole
+// texts are UTF-8 here, as in their files: they may be long, and are not copied.
 
 struct DelimitedRow {
   int line = 0;  ///< where the row begins, from 1
@@ -34,11 +36,14 @@ struct TableEnd {
 /// Hears a row; what is in it may be moved away.
 using RowListener = std::function<void(DelimitedRow& row)>;
 
+/// Takes the next part of a text that is written, in UTF-8 and in whole characters.
+using RowWriter = std::function<void(std::string_view utf8)>;
+
 /// Reads the rows of a text, in room for one of them; empty lines give none. `separator` is an
 /// ASCII character.
 /// @param firstLine  number of the text's first line
 /// @param listener   hears the rows before the one that ends the reading; may be empty
-TableEnd ReadDelimited(TextView text, char separator, QuoteRule rule, int firstLine,
+TableEnd ReadDelimited(std::string_view utf8, char separator, QuoteRule rule, int firstLine,
                        const RowListener& listener);
 
 /// The rule that a text keeps: Strict, or else `otherwise`.
@@ -47,12 +52,13 @@ struct FittingRule {
   int strictBrokenLine = 0;  ///< where Strict broke; 0 when it fits
   TableEnd end;              ///< how reading by `rule` ends
 };
-FittingRule FindFittingRule(TextView text, char separator, QuoteRule otherwise, int firstLine);
+FittingRule FindFittingRule(std::string_view utf8, char separator, QuoteRule otherwise,
+                            int firstLine);
 
-/// The separator that the first line of `text` has most of, quoted parts aside: "\t", "," or ";".
+/// The separator that the first line of `utf8` has most of, quoted parts aside: "\t", "," or ";".
 /// `fallback` when it has none.
-char GuessSeparator(TextView text, char fallback);
+char GuessSeparator(std::string_view utf8, char fallback);
 
-/// Appends a row, ended by CR LF. Fields are quoted where the format needs it, and where a program
+/// The row, ended by CR LF. Fields are quoted where the format needs it, and where a program
 /// that trims would change them.
-void AppendRow(Text& text, const std::vector<Text>& fields, char separator);
+std::string WriteRow(const std::vector<Text>& fields, char separator);

@@ -41,15 +41,41 @@ char SeparatorOf(DeckFormat format, char wanted) {
   return format == DeckFormat::Csv ? ',' : '\t';
 }
 
-bool ReadText(DeckFormat format, TextView text, const ReadOptions& options, Deck& deck,
+bool ReadRows(DeckFormat format, std::string_view utf8, const ReadOptions& options, Deck& deck,
               Findings& findings) {
-  if (format == DeckFormat::Anki) return ReadAnkiText(text, options.columns, deck, findings);
-  return ReadWordTable(text,
+  if (format == DeckFormat::Anki) return ReadAnkiText(utf8, options.columns, deck, findings);
+  return ReadWordTable(utf8,
                        {.separator = SeparatorOf(format, options.separator),
                         .guessSeparator = options.separator == 0 && format == DeckFormat::Csv,
                         .heading = options.heading,
                         .columns = options.columns},
                        deck, findings);
+}
+
+/// A file of rows, encoded.
+std::string WriteRows(DeckFormat format, const Deck& deck, const WriteOptions& options,
+                      std::string_view encoding) {
+  const auto writeTo = [&](const RowWriter& write) {
+    if (format == DeckFormat::Anki) return WriteAnkiText(deck, write);
+    WriteWordTable(deck, SeparatorOf(format, options.separator), options.heading, write);
+  };
+  // Counted first: bytes that grow as they come take up to three times their room.
+  std::size_t size = 0;
+  std::string bytes;
+  TextEncoder counter(encoding);
+  writeTo([&](std::string_view utf8) {
+    bytes.clear();
+    counter.Append(utf8, bytes);
+    size += bytes.size();
+  });
+  bytes.clear();
+  counter.End(bytes);
+  bytes.reserve(size + bytes.size());
+  bytes.clear();
+  TextEncoder encoder(encoding);
+  writeTo([&](std::string_view utf8) { encoder.Append(utf8, bytes); });
+  encoder.End(bytes);
+  return bytes;
 }
 
 }  // namespace
@@ -99,10 +125,13 @@ bool ReadDeck(DeckFormat format, std::string_view bytes, TextView fileName,
     usedEncoding = StackEncodingName(bytes);
     return ReadNativeDeck(bytes, fileName, deck, findings);
   }
-  Text text;
-  if (!DecodeForeignText(bytes, options.encoding, text, usedEncoding, findings)) return false;
-  if (native) return ReadNativeDeck(EncodeFileText(text), fileName, deck, findings);
-  return ReadText(format, text, options, deck, findings);
+  std::string storage;
+  std::string_view utf8;
+  if (!DecodeToUtf8(bytes, options.encoding, storage, utf8, usedEncoding, findings)) return false;
+  if (!native) return ReadRows(format, utf8, options, deck, findings);
+  const std::string ours = EncodeFileText(FromUtf8(utf8));
+  storage = {};  // the room is needed
+  return ReadNativeDeck(ours, fileName, deck, findings);
 }
 
 std::string WriteDeck(DeckFormat format, const Deck& deck, const WriteOptions& options,
@@ -112,17 +141,14 @@ std::string WriteDeck(DeckFormat format, const Deck& deck, const WriteOptions& o
   if (format == DeckFormat::Kvtml) {
     bytes = WriteKvtml(deck);
   } else {
-    const Text text =
-        format == DeckFormat::Anki
-            ? WriteAnkiText(deck)
-            : WriteWordTable(deck, SeparatorOf(format, options.separator), options.heading);
     const std::string_view encoding =
         options.encoding.empty() ? DefaultEncoding : std::string_view(options.encoding);
-    if (!EncodeForeignText(text, encoding, bytes)) {
+    if (!IsKnownEncoding(encoding)) {
       findings.push_back(Failed(FindingKind::Encoding, 0,
                                 "no encoding is called “" + std::string(encoding) + "”"));
       return {};
     }
+    bytes = WriteRows(format, deck, options, encoding);
   }
   Deck readBack;
   std::string encoding;

@@ -7,31 +7,15 @@
 #include <cerrno>
 #include <fmt/format.h>
 #include <iconv.h>
-#include <utility>
 
-namespace {
-
-constexpr std::string_view ReplacementUtf8 = "\xEF\xBF\xBD";
-
-bool EqualNames(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-/// The name that iconv knows an encoding by.
-std::string SystemName(std::string_view encoding) {
-  if (EqualNames(encoding, MarkedUtf8Name)) return "UTF-8";
-  return std::string(encoding);
-}
-
-class Converter {
+/// The system's converter from one encoding to another.
+class EncodingConverter {
  public:
-  Converter(const std::string& to, const std::string& from)
+  EncodingConverter(const std::string& to, const std::string& from)
       : m_handle(::iconv_open(to.c_str(), from.c_str())) {}
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-  ~Converter() {
+  EncodingConverter(const EncodingConverter&) = delete;
+  EncodingConverter& operator=(const EncodingConverter&) = delete;
+  ~EncodingConverter() {
     if (IsOpen()) ::iconv_close(m_handle);
   }
 
@@ -54,7 +38,15 @@ class Converter {
         output.append(replacement);
       }
     }
-    FlushState(output);
+  }
+
+  /// Appends what ends a text in encodings that have states.
+  void End(std::string& output) {
+    std::array<char, 64> block{};
+    char* out = block.data();
+    std::size_t room = block.size();
+    (void)::iconv(m_handle, nullptr, nullptr, &out, &room);
+    output.append(block.data(), block.size() - room);
   }
 
   void EncodeWhatStandsInstead() { m_encodeInstead = true; }
@@ -75,18 +67,26 @@ class Converter {
     return 0;
   }
 
-  void FlushState(std::string& output) {
-    std::array<char, 64> block{};
-    char* out = block.data();
-    std::size_t room = block.size();
-    (void)::iconv(m_handle, nullptr, nullptr, &out, &room);
-    output.append(block.data(), block.size() - room);
-  }
-
   iconv_t m_handle;
   bool m_encodeInstead = false;
   std::array<char, 4096> m_block{};  // here, because filling it for each wrong byte would take long
 };
+
+namespace {
+
+constexpr std::string_view ReplacementUtf8 = "\xEF\xBF\xBD";
+
+bool EqualNames(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [&](char x, char y) { return lower(x) == lower(y); });
+}
+
+/// The name that iconv knows an encoding by.
+std::string SystemName(std::string_view encoding) {
+  if (EqualNames(encoding, MarkedUtf8Name)) return "UTF-8";
+  return std::string(encoding);
+}
 
 /// By the mark at the start, or by what the bytes can be.
 std::string GuessEncoding(std::string_view bytes, Findings& findings) {
@@ -100,7 +100,7 @@ std::string GuessEncoding(std::string_view bytes, Findings& findings) {
 }
 
 /// Encodes UTF-8. A character that the encoding lacks becomes "?".
-void Encode(Converter& converter, std::string_view utf8, std::string& bytes) {
+void Encode(EncodingConverter& converter, std::string_view utf8, std::string& bytes) {
   converter.EncodeWhatStandsInstead();
   const auto characterLength = [](std::string_view rest) {
     std::size_t length = 1;
@@ -112,9 +112,10 @@ void Encode(Converter& converter, std::string_view utf8, std::string& bytes) {
 }
 
 std::size_t EncodedLength(const std::string& encoding, std::string_view utf8) {
-  Converter converter(encoding, "UTF-8");
+  EncodingConverter converter(encoding, "UTF-8");
   std::string bytes;
   Encode(converter, utf8, bytes);
+  converter.End(bytes);
   return bytes.size();
 }
 
@@ -149,7 +150,7 @@ bool DecodeToUtf8(std::string_view bytes, std::string_view encoding, std::string
                               fmt::format("no encoding is called {}", Quoted(FromUtf8(used)))));
     return false;
   }
-  Converter converter("UTF-8", SystemName(used));
+  EncodingConverter converter("UTF-8", SystemName(used));
   const std::size_t unit = UnitLength(SystemName(used));
   storage.clear();
   storage.reserve(bytes.size());
@@ -162,6 +163,7 @@ bool DecodeToUtf8(std::string_view bytes, std::string_view encoding, std::string
     return unit;
   };
   converter.Run(bytes, storage, onBad, ReplacementUtf8);
+  converter.End(storage);
   if (bad > 0) {
     findings.push_back(
         Found(FindingKind::Encoding, LineOf(storage, firstBad),
@@ -190,17 +192,30 @@ bool DecodeForeignText(std::string_view bytes, std::string_view encoding, Text& 
   return true;
 }
 
-bool EncodeForeignText(TextView text, std::string_view encoding, std::string& bytes) {
-  const bool marked = EqualNames(encoding, MarkedUtf8Name);
+TextEncoder::TextEncoder(std::string_view encoding)
+    : m_marked(EqualNames(encoding, MarkedUtf8Name)) {
+  if (m_marked || EqualNames(encoding, DefaultEncoding)) return;
+  m_converter = std::make_unique<EncodingConverter>(SystemName(encoding), "UTF-8");
+}
+
+TextEncoder::~TextEncoder() = default;
+
+void TextEncoder::Append(std::string_view utf8, std::string& bytes) {
+  const auto encode = [&](std::string_view piece) {
+    if (m_converter == nullptr) {
+      bytes.append(piece);
+    } else {
+      Encode(*m_converter, piece, bytes);
+    }
+  };
   // Who reads the file takes a mark at its start away; one that is text needs another before it.
-  bytes = marked || text.starts_with(u'\uFEFF') ? Utf8Mark : std::string_view();
-  bytes += ToUtf8(text);
-  if (marked || EqualNames(encoding, DefaultEncoding)) return true;
-  if (!IsKnownEncoding(encoding)) return false;
-  const std::string utf8 = std::exchange(bytes, {});
-  Converter converter(SystemName(encoding), "UTF-8");
-  Encode(converter, utf8, bytes);
-  return true;
+  if (!m_begun && (m_marked || utf8.starts_with(Utf8Mark))) encode(Utf8Mark);
+  m_begun = true;
+  encode(utf8);
+}
+
+void TextEncoder::End(std::string& bytes) {
+  if (m_converter != nullptr) m_converter->End(bytes);
 }
 
 bool IsKnownEncoding(std::string_view encoding) {
@@ -210,5 +225,5 @@ bool IsKnownEncoding(std::string_view encoding) {
       !encoding.empty() && std::all_of(encoding.begin(), encoding.end(), [](char byte) {
         return byte > ' ' && byte < 0x7F && byte != '/' && byte != ',';
       });
-  return isName && Converter("UTF-8", SystemName(encoding)).IsOpen();
+  return isName && EncodingConverter("UTF-8", SystemName(encoding)).IsOpen();
 }

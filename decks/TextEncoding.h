@@ -3,10 +3,13 @@
 #include "base/Text.h"
 #include "decks/Finding.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 // The encodings of other programs' text files. Stack files are decoded by the stack reader alone.
+
+class EncodingConverter;
 
 /// The encoding of text files that nothing is said about: UTF-8 without a mark.
 inline constexpr std::string_view DefaultEncoding = "utf-8";
@@ -31,10 +34,26 @@ bool DecodeToUtf8(std::string_view bytes, std::string_view encoding, std::string
 bool DecodeForeignText(std::string_view bytes, std::string_view encoding, Text& text,
                        std::string& used, Findings& findings);
 
-/// Encodes a whole file. A character that the encoding lacks becomes "?": who reads the bytes back
-/// sees it.
-/// @return false for a name that nobody knows
-bool EncodeForeignText(TextView text, std::string_view encoding, std::string& bytes);
+/// Encodes a file, piece by piece. A character that the encoding lacks becomes "?": who reads the
+/// bytes back sees it.
+class TextEncoder {
+ public:
+  /// @param encoding  one that IsKnownEncoding knows
+  explicit TextEncoder(std::string_view encoding);
+  TextEncoder(const TextEncoder&) = delete;
+  TextEncoder& operator=(const TextEncoder&) = delete;
+  ~TextEncoder();
 
-/// True for a name that these take. The system's orders behind a name ("//IGNORE") are none.
+  /// Appends the next piece of the text, whole characters of UTF-8, to the file's bytes.
+  void Append(std::string_view utf8, std::string& bytes);
+  /// Appends what some encodings need behind the last piece.
+  void End(std::string& bytes);
+
+ private:
+  bool m_marked;
+  bool m_begun = false;
+  std::unique_ptr<EncodingConverter> m_converter;  ///< none for UTF-8
+};
+
+/// True for a name that these know. The system's orders behind a name ("//IGNORE") are none.
 bool IsKnownEncoding(std::string_view encoding);

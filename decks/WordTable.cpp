@@ -8,15 +8,16 @@
 namespace {
 
 /// The separator that a first line "sep=;" names; spreadsheets write it. 0 when there is none.
-char TakeSeparatorLine(TextView& text) {
-  constexpr TextView Mark = u"sep=";
-  if (!text.starts_with(Mark) || text.size() <= Mark.size() || text[Mark.size()] > 0x7F) return 0;
+char TakeSeparatorLine(std::string_view& utf8) {
+  constexpr std::string_view Mark = "sep=";
+  if (!utf8.starts_with(Mark) || utf8.size() <= Mark.size()) return 0;
+  const char separator = utf8[Mark.size()];
+  if (static_cast<unsigned char>(separator) > 0x7F) return 0;
   const std::size_t end = Mark.size() + 1;
-  if (end < text.size() && text[end] != u'\r' && text[end] != u'\n') return 0;
-  const char separator = static_cast<char>(text[Mark.size()]);
-  text.remove_prefix(std::min(text.size(), end));
-  if (text.starts_with(u'\r')) text.remove_prefix(1);
-  if (text.starts_with(u'\n')) text.remove_prefix(1);
+  if (end < utf8.size() && utf8[end] != '\r' && utf8[end] != '\n') return 0;
+  utf8.remove_prefix(std::min(utf8.size(), end));
+  if (utf8.starts_with('\r')) utf8.remove_prefix(1);
+  if (utf8.starts_with('\n')) utf8.remove_prefix(1);
   return separator;
 }
 
@@ -45,17 +46,18 @@ bool ListTableEnd(const TableEnd& end, Findings& findings) {
 
 }  // namespace
 
-bool ReadWordTable(TextView text, WordTableOptions options, Deck& deck, Findings& findings) {
+bool ReadWordTable(std::string_view utf8, WordTableOptions options, Deck& deck,
+                   Findings& findings) {
   int firstLine = 1;
-  if (const char said = TakeSeparatorLine(text); said != 0) {
+  if (const char said = TakeSeparatorLine(utf8); said != 0) {
     firstLine = 2;
     if (options.guessSeparator) options.separator = said;
   } else if (options.guessSeparator) {
-    options.separator = GuessSeparator(text, options.separator);
+    options.separator = GuessSeparator(utf8, options.separator);
   }
   // Lists that are typed by hand with tabs hold quotes as they come; with commas they protect.
   const QuoteRule otherwise = options.separator == '\t' ? QuoteRule::None : QuoteRule::Lenient;
-  const FittingRule fitting = FindFittingRule(text, options.separator, otherwise, firstLine);
+  const FittingRule fitting = FindFittingRule(utf8, options.separator, otherwise, firstLine);
   if (!ListTableEnd(fitting.end, findings)) return false;
   if (fitting.strictBrokenLine != 0) {
     findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
@@ -82,17 +84,16 @@ bool ReadWordTable(TextView text, WordTableOptions options, Deck& deck, Findings
     cards.emplace(std::move(columns), decode, deck, findings);
     if (!heading) cards->Take(row);
   };
-  (void)ReadDelimited(text, options.separator, fitting.rule, firstLine, take);
+  (void)ReadDelimited(utf8, options.separator, fitting.rule, firstLine, take);
   if (cards) cards->ListLosses();
   return true;
 }
 
-Text WriteWordTable(const Deck& deck, char separator, Heading heading) {
+void WriteWordTable(const Deck& deck, char separator, Heading heading, const RowWriter& write) {
   const bool media = HasMedia(deck);
   const bool looksLikeHeading =
       !deck.cards.empty() &&
       IsHeading({deck.cards.front().sides[0].text, deck.cards.front().sides[1].text});
-  Text text;
   if (heading == Heading::Yes || media || looksLikeHeading) {
     std::vector<Text> names;
     for (const ColumnRole role :
@@ -102,23 +103,12 @@ Text WriteWordTable(const Deck& deck, char separator, Heading heading) {
         names.emplace_back(NameOfRole(role));
       }
     }
-    AppendRow(text, names, separator);
+    write(WriteRow(names, separator));
   }
-  // A text that grows as it goes takes three times its room for a moment.
-  constexpr std::size_t Marks = 2 + 6 * 3;
-  std::size_t units = text.size();
-  for (const DeckCard& card : deck.cards) {
-    for (const DeckSide& side : card.sides) {
-      units += side.text.size() + side.sound.size() + side.picture.size();
-    }
-    units += Marks;
-  }
-  text.reserve(units);
   for (const DeckCard& card : deck.cards) {
     const auto& [front, back] = card.sides;
     std::vector<Text> fields = {front.text, back.text};
     if (media) fields.insert(fields.end(), {front.sound, front.picture, back.sound, back.picture});
-    AppendRow(text, fields, separator);
+    write(WriteRow(fields, separator));
   }
-  return text;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decks/Deck.h"
+#include "decks/DelimitedText.h"
 #include "decks/Finding.h"
 #include "decks/TableColumns.h"
 
@@ -18,8 +19,8 @@ struct WordTableOptions {
 /// Reads a table: front and back, and media where a heading names them. A line "sep=;" at the start
 /// says the separator.
 /// @return false when it is no such table; then the last finding is an error
-bool ReadWordTable(TextView text, WordTableOptions options, Deck& deck, Findings& findings);
+bool ReadWordTable(std::string_view utf8, WordTableOptions options, Deck& deck, Findings& findings);
 
 /// Two columns, or six where a card has media. With a heading where it is asked for, or needed to
 /// read the file again.
-Text WriteWordTable(const Deck& deck, char separator, Heading heading);
+void WriteWordTable(const Deck& deck, char separator, Heading heading, const RowWriter& write);

@@ -1,5 +1,7 @@
 #include "decks/AnkiText.h"
 
+#include "base/CodePage.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -15,7 +17,7 @@ struct Result {
 
 Result Read(TextView text, TextColumns columns = {}) {
   Result result;
-  result.read = ReadAnkiText(text, columns, result.deck, result.findings);
+  result.read = ReadAnkiText(ToUtf8(text), columns, result.deck, result.findings);
   return result;
 }
 
@@ -117,10 +119,12 @@ TEST(WriteAnkiText, Layout) {
   deck.cards.resize(1);
   deck.cards[0].sides[0] = {u"dog\r\nhound", u"", u"dog.bmp"};
   deck.cards[0].sides[1] = {u"perro", u"perro.wav", u""};
-  EXPECT_EQ(WriteAnkiText(deck),
-            u"#separator:tab\r\n#html:true\r\n#deck:Spanish::Animals\r\n#topic:Spanish\r\n"
-            u"#description:Animals\r\n#columns:Front\tBack\r\n"
-            u"\"dog<br>hound<img src=\"\"dog.bmp\"\">\"\tperro[sound:perro.wav]\r\n");
+  std::string utf8;
+  WriteAnkiText(deck, [&](std::string_view row) { utf8 += row; });
+  EXPECT_EQ(utf8,
+            "#separator:tab\r\n#html:true\r\n#deck:Spanish::Animals\r\n#topic:Spanish\r\n"
+            "#description:Animals\r\n#columns:Front\tBack\r\n"
+            "\"dog<br>hound<img src=\"\"dog.bmp\"\">\"\tperro[sound:perro.wav]\r\n");
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "decks/DelimitedText.h"
 
+#include "base/CodePage.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -8,7 +10,7 @@ using Fields = std::vector<Text>;
 
 int Parse(TextView text, char separator, QuoteRule rule, int firstLine,
           std::vector<DelimitedRow>& rows) {
-  const TableEnd end = ReadDelimited(text, separator, rule, firstLine,
+  const TableEnd end = ReadDelimited(ToUtf8(text), separator, rule, firstLine,
                                      [&](DelimitedRow& row) { rows.push_back(std::move(row)); });
   EXPECT_EQ(end.tooLargeLine, 0);
   return end.brokenLine;
@@ -83,7 +85,7 @@ TEST(ReadDelimited, PartsNoCharacterOfALongLine) {
 
 TEST(ReadDelimited, WhatIsNoTableIsTooLarge) {
   const auto tooLargeLine = [](const Text& text) {
-    return ReadDelimited(text, ',', QuoteRule::Lenient, 1, {}).tooLargeLine;
+    return ReadDelimited(ToUtf8(text), ',', QuoteRule::Lenient, 1, {}).tooLargeLine;
   };
   EXPECT_EQ(tooLargeLine(u"a\n" + Text(MostFields - 1, u',')), 0);
   EXPECT_EQ(tooLargeLine(u"a\n" + Text(MostFields, u',')), 2);
@@ -92,44 +94,38 @@ TEST(ReadDelimited, WhatIsNoTableIsTooLarge) {
 }
 
 TEST(FindFittingRule, FallsBackAndSaysWhere) {
-  const FittingRule none = FindFittingRule(u"a\tb\n\"hi\" x\ty", '\t', QuoteRule::None, 1);
+  const FittingRule none = FindFittingRule("a\tb\n\"hi\" x\ty", '\t', QuoteRule::None, 1);
   EXPECT_EQ(none.rule, QuoteRule::None);
   EXPECT_EQ(none.strictBrokenLine, 2);
   EXPECT_TRUE(none.end.IsWell());
-  EXPECT_EQ(FindFittingRule(u"a,b\n\"open,y", ',', QuoteRule::Lenient, 1).end.brokenLine, 2);
-  EXPECT_EQ(FindFittingRule(u"a,\"b\"", ',', QuoteRule::Lenient, 1).strictBrokenLine, 0);
+  EXPECT_EQ(FindFittingRule("a,b\n\"open,y", ',', QuoteRule::Lenient, 1).end.brokenLine, 2);
+  EXPECT_EQ(FindFittingRule("a,\"b\"", ',', QuoteRule::Lenient, 1).strictBrokenLine, 0);
 }
 
 TEST(GuessSeparator, CountsOutsideQuotesInTheFirstLine) {
-  EXPECT_EQ(GuessSeparator(u"a;b\nc,d,e,f", ','), ';');
-  EXPECT_EQ(GuessSeparator(u"\"a;;;\",b", ';'), ',');
-  EXPECT_EQ(GuessSeparator(u"a\tb", ','), '\t');
-  EXPECT_EQ(GuessSeparator(u"a,b;c", ','), ',');  // as many of both
-  EXPECT_EQ(GuessSeparator(u"word", '|'), '|');
-  EXPECT_EQ(GuessSeparator(u"", ','), ',');
+  EXPECT_EQ(GuessSeparator("a;b\nc,d,e,f", ','), ';');
+  EXPECT_EQ(GuessSeparator("\"a;;;\",b", ';'), ',');
+  EXPECT_EQ(GuessSeparator("a\tb", ','), '\t');
+  EXPECT_EQ(GuessSeparator("a,b;c", ','), ',');  // as many of both
+  EXPECT_EQ(GuessSeparator("word", '|'), '|');
+  EXPECT_EQ(GuessSeparator("", ','), ',');
 }
 
-TEST(AppendRow, QuotesWhatNeedsIt) {
-  Text text;
-  AppendRow(text,
-            {u"plain", u"a,b", u"say \"x\"", u"two\r\nlines", u" blank", u"#no remark", u"a;b"},
-            ',');
+TEST(WriteRow, QuotesWhatNeedsIt) {
   EXPECT_EQ(
-      text,
-      u"plain,\"a,b\",\"say \"\"x\"\"\",\"two\r\nlines\",\" blank\",\"#no remark\",\"a;b\"\r\n");
+      WriteRow({u"plain", u"a,b", u"say \"x\"", u"two\r\nlines", u" blank", u"#no remark", u"a;b"},
+               ','),
+      "plain,\"a,b\",\"say \"\"x\"\"\",\"two\r\nlines\",\" blank\",\"#no remark\",\"a;b\"\r\n");
 }
 
-TEST(AppendRow, TabsNeedNoQuotesAroundCommas) {
-  Text text;
-  AppendRow(text, {u"street, road", u"a;b"}, '\t');
-  EXPECT_EQ(text, u"street, road\ta;b\r\n");
+TEST(WriteRow, TabsNeedNoQuotesAroundCommas) {
+  EXPECT_EQ(WriteRow({u"street, road", u"a;b"}, '\t'), "street, road\ta;b\r\n");
 }
 
-TEST(AppendRow, ARowOfNothingIsNoEmptyLine) {
-  Text text;
-  AppendRow(text, {u""}, ',');
-  EXPECT_EQ(text, u"\"\"\r\n");
-  EXPECT_EQ(Parsed(text, ',').size(), 1U);
+TEST(WriteRow, ARowOfNothingIsNoEmptyLine) {
+  const std::string row = WriteRow({u""}, ',');
+  EXPECT_EQ(row, "\"\"\r\n");
+  EXPECT_EQ(Parsed(FromUtf8(row), ',').size(), 1U);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "decks/TextEncoding.h"
 
+#include "base/CodePage.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -15,6 +17,14 @@ Decoded Decode(std::string_view bytes, std::string_view encoding = {}) {
   Decoded result;
   result.known = DecodeForeignText(bytes, encoding, result.text, result.encoding, result.findings);
   return result;
+}
+
+std::string Encoded(TextView text, std::string_view encoding) {
+  std::string bytes;
+  TextEncoder encoder(encoding);
+  encoder.Append(ToUtf8(text), bytes);
+  encoder.End(bytes);
+  return bytes;
 }
 
 TEST(DecodeForeignText, FindsOutTheEncoding) {
@@ -82,36 +92,37 @@ TEST(DecodeForeignText, BytesThatTheSystemPassesOverAreListed) {
   EXPECT_EQ(decoded.findings[0].kind, FindingKind::Encoding);
   for (const char* const encoding :
        {"utf-16", "utf-16le", "utf-32", "koi8-r", "shift_jis", "big5"}) {
-    std::string bytes;
-    ASSERT_TRUE(EncodeForeignText(u"abc", encoding, bytes));
-    EXPECT_TRUE(Decode(bytes, encoding).findings.empty()) << encoding;
+    EXPECT_TRUE(Decode(Encoded(u"abc", encoding), encoding).findings.empty()) << encoding;
   }
 }
 
-TEST(EncodeForeignText, PutsAQuestionMarkForWhatIsLacking) {
-  std::string bytes;
-  ASSERT_TRUE(EncodeForeignText(u"é犬\U0001F415.", "windows-1252", bytes));
-  EXPECT_EQ(bytes, "\xE9??.");
-  ASSERT_TRUE(EncodeForeignText(u"é", "utf-8-bom", bytes));
-  EXPECT_EQ(bytes, "\xEF\xBB\xBF\xC3\xA9");
-  ASSERT_TRUE(EncodeForeignText(u"é", "UTF-8", bytes));
-  EXPECT_EQ(bytes, "\xC3\xA9");
-  EXPECT_FALSE(EncodeForeignText(u"é", "no-such-encoding", bytes));
+TEST(TextEncoder, PutsAQuestionMarkForWhatIsLacking) {
+  EXPECT_EQ(Encoded(u"é犬\U0001F415.", "windows-1252"), "\xE9??.");
+  EXPECT_EQ(Encoded(u"é", "utf-8-bom"), "\xEF\xBB\xBF\xC3\xA9");
+  EXPECT_EQ(Encoded(u"é", "UTF-8"), "\xC3\xA9");
 }
 
-TEST(EncodeForeignText, LongTextsGoThroughInPieces) {
+TEST(TextEncoder, LongTextsGoThroughInPieces) {
   const Text text(100'000, u'ж');
-  std::string bytes;
-  ASSERT_TRUE(EncodeForeignText(text, "koi8-r", bytes));
+  const std::string bytes = Encoded(text, "koi8-r");
   EXPECT_EQ(bytes.size(), 100'000U);
   EXPECT_EQ(Decode(bytes, "koi8-r").text, text);
 }
 
-TEST(EncodeForeignText, AMarkThatIsTextStaysText) {
-  for (const char* const encoding : {"utf-8", "utf-8-bom", "utf-16", "utf-16le"}) {
+TEST(TextEncoder, PiecesMakeTheFileOfTheWhole) {
+  for (const char* const encoding :
+       {"utf-8", "utf-8-bom", "utf-16", "utf-32", "iso-2022-jp", "shift_jis", "big5-hkscs"}) {
     std::string bytes;
-    ASSERT_TRUE(EncodeForeignText(u"\uFEFFa", encoding, bytes));
-    EXPECT_EQ(Decode(bytes, encoding).text, u"\uFEFFa") << encoding;
+    TextEncoder encoder(encoding);
+    for (const std::string_view piece : {"犬", "x", "", "犬é", "猫"}) encoder.Append(piece, bytes);
+    encoder.End(bytes);
+    EXPECT_EQ(bytes, Encoded(u"犬x犬é猫", encoding)) << encoding;
+  }
+}
+
+TEST(TextEncoder, AMarkThatIsTextStaysText) {
+  for (const char* const encoding : {"utf-8", "utf-8-bom", "utf-16", "utf-16le"}) {
+    EXPECT_EQ(Decode(Encoded(u"\uFEFFa", encoding), encoding).text, u"\uFEFFa") << encoding;
   }
 }
 

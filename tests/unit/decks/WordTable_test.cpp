@@ -1,5 +1,7 @@
 #include "decks/WordTable.h"
 
+#include "base/CodePage.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,8 +14,14 @@ struct Result {
 
 Result Read(TextView text, const WordTableOptions& options = {}) {
   Result result;
-  result.read = ReadWordTable(text, options, result.deck, result.findings);
+  result.read = ReadWordTable(ToUtf8(text), options, result.deck, result.findings);
   return result;
+}
+
+Text Written(const Deck& deck, char separator, Heading heading) {
+  std::string utf8;
+  WriteWordTable(deck, separator, heading, [&](std::string_view row) { utf8 += row; });
+  return FromUtf8(utf8);
 }
 
 WordTableOptions Guessing() {
@@ -103,8 +111,8 @@ TEST(WriteWordTable, TwoColumnsWithoutMedia) {
   deck.cards.resize(2);
   deck.cards[0].sides[0].text = u"a,b";
   deck.cards[0].sides[1].text = u"c";
-  EXPECT_EQ(WriteWordTable(deck, ',', Heading::Guess), u"\"a,b\",c\r\n\"\",\r\n");
-  EXPECT_EQ(WriteWordTable(deck, '\t', Heading::Yes), u"Front\tBack\r\na,b\tc\r\n\"\"\t\r\n");
+  EXPECT_EQ(Written(deck, ',', Heading::Guess), u"\"a,b\",c\r\n\"\",\r\n");
+  EXPECT_EQ(Written(deck, '\t', Heading::Yes), u"Front\tBack\r\na,b\tc\r\n\"\"\t\r\n");
 }
 
 TEST(WriteWordTable, MediaGetColumnsUnderAHeading) {
@@ -112,7 +120,7 @@ TEST(WriteWordTable, MediaGetColumnsUnderAHeading) {
   deck.cards.resize(1);
   deck.cards[0].sides[0] = {u"dog", u"", u"dog.bmp"};
   deck.cards[0].sides[1] = {u"perro", u"perro.wav", u""};
-  EXPECT_EQ(WriteWordTable(deck, ',', Heading::Guess),
+  EXPECT_EQ(Written(deck, ',', Heading::Guess),
             u"Front,Back,Front sound,Front picture,Back sound,Back picture\r\n"
             u"dog,perro,,dog.bmp,perro.wav,\r\n");
 }
@@ -122,14 +130,14 @@ TEST(WriteWordTable, AFirstCardThatLooksLikeAHeadingGetsOneBeforeIt) {
   deck.cards.resize(1);
   deck.cards[0].sides[0].text = u"Question";
   deck.cards[0].sides[1].text = u"Answer";
-  EXPECT_EQ(WriteWordTable(deck, ',', Heading::Guess), u"Front,Back\r\nQuestion,Answer\r\n");
+  EXPECT_EQ(Written(deck, ',', Heading::Guess), u"Front,Back\r\nQuestion,Answer\r\n");
 }
 
 TEST(WriteWordTable, ACardThatLooksLikeASeparatorLineStaysACard) {
   Deck deck;
   deck.cards.resize(1);
   deck.cards[0].sides[0].text = u"sep=";
-  EXPECT_EQ(Read(WriteWordTable(deck, ',', Heading::Guess), Guessing()).deck.cards.size(), 1U);
+  EXPECT_EQ(Read(Written(deck, ',', Heading::Guess), Guessing()).deck.cards.size(), 1U);
 }
 
 }  // namespace
