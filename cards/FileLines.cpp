@@ -14,7 +14,8 @@ FileStatus FileLines::Read(Text& line) {
   line.clear();
   ++m_lineNumber;
   const std::size_t length = std::min(m_rest.find(m_lineEnd), m_rest.size());
-  AppendDecoded(line, m_rest.substr(0, length), m_encoding);
+  m_last = m_rest.substr(0, length);
+  AppendDecoded(line, m_last, m_encoding);
   m_rest.remove_prefix(std::min(length + m_lineEnd.size(), m_rest.size()));
   return FileStatus::Ok;
 }

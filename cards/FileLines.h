@@ -19,11 +19,16 @@ class FileLines {
   /// @return `PastEnd` when no byte is left; `line` is untouched then.
   FileStatus Read(Text& line);
 
+  /// The line that was read last as it stands in the content, without its end.
+  std::string_view LastLine() const { return m_last; }
+  FileEncoding Encoding() const { return m_encoding; }
+
   /// Number of the line that was read last, from 1; 0 before the first.
   int LineNumber() const { return m_lineNumber; }
 
  private:
   std::string_view m_rest;
+  std::string_view m_last;
   int m_lineNumber = 0;
   FileEncoding m_encoding;
   std::string_view m_lineEnd;

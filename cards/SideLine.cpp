@@ -43,6 +43,34 @@ TextView After(TextView line, char16_t mark) {
   return at == TextView::npos ? line : line.substr(at + 1);
 }
 
+/// Calls `use` with each unit of a decoded side: as if all "^^" became "%%", then all "^" line
+/// breaks, then all "%%" carets, each from left to right.
+template <typename Use>
+void ForEachDecoded(TextView text, Use use) {
+  bool percent = false;  // one waits for another
+  const auto give = [&](char16_t unit) {
+    if (unit == u'%') {
+      if (percent) use(u'^');
+      percent = !percent;
+      return;
+    }
+    if (percent) use(u'%');
+    percent = false;
+    use(unit);
+  };
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != u'^') {
+      give(text[i]);
+      continue;
+    }
+    const bool twice = i + 1 < text.size() && text[i + 1] == u'^';
+    if (twice) ++i;
+    give(twice ? u'%' : LineBreak[0]);
+    give(twice ? u'%' : LineBreak[1]);
+  }
+  if (percent) use(u'%');
+}
+
 }  // namespace
 
 FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, Text& line) {
@@ -63,9 +91,16 @@ FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, 
 Text DecodeSideText(TextView text, std::size_t most) {
   text = text.substr(0, most);
   if (text.find_first_of(u"^%") == TextView::npos) return Text(text);
-  Text decoded = ReplaceAll(text, u"^^", u"%%");
-  decoded = ReplaceAll(decoded, u"^", LineBreak);
-  return ReplaceAll(decoded, u"%%", u"^");
+  Text decoded;
+  decoded.reserve(DecodedSideLength(text));
+  ForEachDecoded(text, [&](char16_t unit) { decoded += unit; });
+  return decoded;
+}
+
+std::size_t DecodedSideLength(TextView text) {
+  std::size_t length = 0;
+  ForEachDecoded(text, [&](char16_t) { ++length; });
+  return length;
 }
 
 Text TakeSoundName(Text& line, TextView folder, char16_t separator) {
@@ -81,12 +116,12 @@ Text TakePictureName(Text& line, TextView folder, char16_t separator) {
   return {};
 }
 
-Text StripImportPrefix(TextView line, std::size_t most) {
+TextView StripImportPrefix(TextView line) {
   line = After(line, u'=');
   if (line.find(u'%') != TextView::npos) {
     line = After(line, u'%');
   } else {
     while (BeginsWithTag(line)) line = After(line, u'>');
   }
-  return DecodeSideText(line, most);
+  return line;
 }

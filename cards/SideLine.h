@@ -22,6 +22,9 @@ FileStatus EncodeSideLine(Text& text, TextView soundPath, TextView picturePath, 
 ///              one, so that the first n of the result are the same from 2n + 2 on
 Text DecodeSideText(TextView text, std::size_t most = Text::npos);
 
+/// How long the whole of DecodeSideText's result is.
+std::size_t DecodedSideLength(TextView text);
+
 /// Takes the first name ending in ".wav" (letter case ignored) out of `line`. The name begins after
 /// the last `separator` before it, or with the line.
 /// @return folder + name, or an empty text when there is none, and then `line` is untouched.
@@ -31,6 +34,6 @@ Text TakeSoundName(Text& line, TextView folder, char16_t separator);
 Text TakePictureName(Text& line, TextView folder, char16_t separator);
 
 /// What an import line holds after its mark: drops all up to the first "="; then, where there is a
-/// "%", all up to the first one, else every three-letter tag "<abc>" at the start; and decodes the
-/// rest, as DecodeSideText does.
-Text StripImportPrefix(TextView line, std::size_t most = Text::npos);
+/// "%", all up to the first one, else every three-letter tag "<abc>" at the start. The rest is
+/// decoded by DecodeSideText.
+TextView StripImportPrefix(TextView line);

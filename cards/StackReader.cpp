@@ -53,31 +53,36 @@ struct SideTarget {
   TextView folder;
   const SideListener& listener;
 
-  /// How much of a side is decoded: without a listener, no more than a load keeps. A file may be
-  /// one line of a hundred megabytes.
-  std::size_t MostDecoded() const { return listener ? Text::npos : 2 * MaxLoadedText + 2; }
-
-  void Take(int card, int side, const FileLines& lines, TextView line, const Text& sound,
-            const Text& picture, const Text& text) const {
+  /// @param rest  of the line, the names taken out; no more of it is decoded than is kept or heard,
+  ///              for a file may be one line of a hundred megabytes
+  void Take(int card, int side, const FileLines& lines, TextView rest, const Text& sound,
+            const Text& picture) const {
+    const Text text = DecodeSideText(rest, 2 * (listener ? MaxHeardText : MaxLoadedText) + 2);
     stack.SetSideSound(card, side, sound);
     stack.SetSidePicture(card, side, picture);
     stack.SetSideText(card, side, CutLoadedText(text));
-    if (listener) listener({lines.LineNumber(), card, side, line, text, sound, picture});
+    if (!listener) return;
+    listener({.lineNumber = lines.LineNumber(),
+              .card = card,
+              .side = side,
+              .line = lines.LastLine(),
+              .encoding = lines.Encoding(),
+              .text = CutText(text, MaxHeardText),
+              .textLength = DecodedSideLength(TrimRight(rest)),
+              .sound = sound,
+              .picture = picture});
   }
 };
 
 FileStatus ReadNativeCards(const SideTarget& target, FileLines& lines) {
   Text line;
-  Text whole;  // for the listener alone
   int card = 1;
   do {
     for (const int side : {Front, Back}) {
       if (const FileStatus status = lines.Read(line); status != FileStatus::Ok) return status;
-      if (target.listener) whole = line;
       const Text sound = TakeSoundName(line, target.folder, u' ');
       const Text picture = TakePictureName(line, target.folder, u' ');
-      target.Take(card, side, lines, whole, sound, picture,
-                  DecodeSideText(line, target.MostDecoded()));
+      target.Take(card, side, lines, line, sound, picture);
     }
     ++card;
   } while (!lines.AtEnd() && card <= MaxCards);
@@ -116,7 +121,7 @@ bool TakeImportLine(const SideTarget& target, int side, char16_t mark, int& numb
   if (!ContainsIgnoringCase(line, mark + NumberText(number) + u"=")) return false;
   Text rest = line;
   const Text sound = TakeSoundName(rest, target.folder, u'>');
-  target.Take(number, side, lines, line, sound, {}, StripImportPrefix(rest, target.MostDecoded()));
+  target.Take(number, side, lines, StripImportPrefix(rest), sound, {});
   ++number;
   return true;
 }

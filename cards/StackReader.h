@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/CodePage.h"
 #include "base/FileStatus.h"
 #include "base/Files.h"
 #include "base/Int16.h"
@@ -18,13 +19,19 @@ enum class ReadMode {
   Full = 1,
 };
 
+/// One more character than any other program's file may have in a text: of a line of a hundred
+/// megabytes a listener hears no more than shows that it is too long.
+inline constexpr std::size_t MaxHeardText = (std::size_t{1} << 20) + 1;
+
 /// A side as the reader took it out of its line.
 struct SideRead {
   int lineNumber;  ///< in the file, from 1
   int card;
   int side;
-  TextView line;  ///< as it stands in the file
-  TextView text;  ///< decoded, not yet cut to MaxLoadedText
+  std::string_view line;   ///< as it stands in the file
+  FileEncoding encoding;   ///< of the file
+  TextView text;           ///< decoded, not yet cut to MaxLoadedText, but to MaxHeardText
+  std::size_t textLength;  ///< of all of it, without the blanks behind it
   TextView sound;
   TextView picture;
 };

@@ -115,9 +115,10 @@ class Preparation {
       content.text = WithoutEmptyLines(content.text);
     }
     if (const TextView cut = CutToLoad(content.text); cut.size() < content.text.size()) {
-      add(FindingKind::LongText,
-          fmt::format("the text has {} characters and is cut to {}: {}", content.text.size(),
-                      cut.size(), Quoted(content.text)));
+      add(FindingKind::LongText, fmt::format("the text has {}{} characters and is cut to {}: {}",
+                                             content.text.size() < MaxHeardText ? "" : "more than ",
+                                             std::min(content.text.size(), MaxHeardText - 1),
+                                             cut.size(), Quoted(content.text)));
       content.text = Text(cut);
     }
     if (content.text.find(u'^') != Text::npos) {
@@ -169,15 +170,18 @@ NativeContent ReadNative(std::string_view bytes, TextView fileName, const SideLi
     if (number > cards.size()) cards.resize(number);
     DeckCard& card = cards[number - 1];
     if (card.line == 0) card.line = read.lineNumber;
-    card.sides[static_cast<std::size_t>(read.side)] = {Text(TrimRight(read.text)), Text(read.sound),
-                                                       Text(read.picture)};
+    card.sides[static_cast<std::size_t>(read.side)] = {Text(TrimRight(read.text)),
+                                                       Text(CutText(read.sound, MaxHeardText)),
+                                                       Text(CutText(read.picture, MaxHeardText))};
     content.endLine = std::max(content.endLine, read.lineNumber);
     if (listener) listener(read);
   };
   content.status = ReadStackContent(
       stacks, prompts, bytes, u"", fileName, ReadMode::Full, [](const Text&) { return 0; }, take);
   content.description = stacks.StackDescription;
-  content.deck.topic = TrimRight(stacks.FileTopicName);
+  const TextView topic = TrimRight(stacks.FileTopicName);
+  content.topicLength = topic.size();
+  content.deck.topic = CutText(topic, MaxHeardText);
   content.deck.description = stacks.StackDescription;
   const int count = content.status == FileStatus::Ok ? int{stacks.Current().CardCount} : 0;
   cards.resize(static_cast<std::size_t>(count));
@@ -194,6 +198,12 @@ bool ReadNativeDeck(std::string_view bytes, TextView fileName, Deck& deck, Findi
                                  "front without a back")
                    : ToUtf8(ErrorText(content.status))));
     return false;
+  }
+  if (content.deck.topic.size() < content.topicLength) {
+    findings.push_back(
+        Found(FindingKind::LongText, 1,
+              fmt::format("the topic has {} characters and is cut to {}: {}", content.topicLength,
+                          content.deck.topic.size(), Quoted(content.deck.topic))));
   }
   for (const Text& message : content.messages) {
     findings.push_back(Found(FindingKind::UnequalSides, 0, Printable(message)));

@@ -11,8 +11,10 @@
 
 /// What the program makes of a stack file.
 struct NativeContent {
-  Deck deck;         ///< texts whole, and without the blanks behind them, which are padding
-  Text description;  ///< as the program shows it
+  Deck deck;  ///< without the blanks behind the texts, which are padding; each text cut to
+              ///< MaxHeardText, which is more than any other format takes
+  std::size_t topicLength = 0;  ///< of all of the topic
+  Text description;             ///< as the program shows it
   FileStatus status = FileStatus::Ok;
   int endLine = 0;             ///< the last line that gave a side of a card; 0 when none did
   std::vector<Text> messages;  ///< what the program would say while it reads

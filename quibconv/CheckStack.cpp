@@ -14,10 +14,19 @@
 
 namespace {
 
+Text DecodedLine(const SideRead& side) {
+  Text line;
+  line.reserve(side.line.size());  // no more units than bytes
+  AppendDecoded(line, side.line, side.encoding);
+  return line;
+}
+
 /// Blanks that a side's line ends in by itself: before the sound's name and before the picture's,
 /// where there are none.
 std::size_t OwnBlanks(const SideRead& side) {
-  const TextView line = TrimRight(side.line);
+  if (side.sound.empty() && side.picture.empty()) return 2;
+  const Text whole = DecodedLine(side);
+  const TextView line = TrimRight(whole);
   if (!side.picture.empty() && line.ends_with(side.picture)) return 0;
   return !side.sound.empty() && line.ends_with(side.sound) ? 1 : 2;
 }
@@ -56,11 +65,10 @@ class SideChecks {
   }
 
   void CheckText(const SideRead& side) {
-    const std::size_t length = TrimRight(side.text).size();
-    if (length > MaxLoadedText) {
+    if (side.textLength > MaxLoadedText) {
       Add(side, FindingKind::LongText,
-          fmt::format("{} characters; the program keeps {} of them: {}", length, MaxLoadedText,
-                      Quoted(side.text)));
+          fmt::format("{} characters; the program keeps {} of them: {}", side.textLength,
+                      MaxLoadedText, Quoted(side.text)));
     }
     if (side.text.substr(0, MaxLoadedText).find(u'^') != TextView::npos) {
       Add(side, FindingKind::Caret,
@@ -70,7 +78,7 @@ class SideChecks {
   }
 
   void CheckBlanks(const SideRead& side) {
-    const std::size_t blanks = side.line.size() - TrimRight(side.line).size();
+    const std::size_t blanks = side.line.size() - (side.line.find_last_not_of(' ') + 1);
     const std::size_t own = m_isImport ? 0 : OwnBlanks(side);
     if (blanks <= own) return;
     Add(side, FindingKind::TrailingBlanks,
@@ -81,7 +89,8 @@ class SideChecks {
 
   /// A name that is meant as one stands at the line's end, or is followed by the other name alone.
   void CheckMediaPlace(const SideRead& side, std::string_view what, TextView name) {
-    const TextView behind = Behind(side.line, ExtensionOf(name));
+    const Text line = DecodedLine(side);
+    const TextView behind = Behind(line, ExtensionOf(name));
     const TextView other = name == side.sound ? side.picture : side.sound;
     const bool oddName = name.find_first_of(m_isImport ? u"= " : u" ") != TextView::npos;
     const bool alone = m_isImport || behind.empty() || behind == other;
@@ -148,7 +157,7 @@ void CheckHeader(std::string_view bytes, const Deck& deck, const TopicList* topi
   FileLines lines(bytes);
   Text line;
   if (lines.Read(line) == FileStatus::Ok) {
-    const Text name(TrimRight(line));
+    const Text name(CutText(TrimRight(line), MaxHeardText));
     if (TrimBlanks(name).empty()) {
       findings.push_back(
           Found(FindingKind::Topic, 1, "no topic; the program says so at every load"));

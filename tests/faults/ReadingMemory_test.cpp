@@ -3,46 +3,20 @@
 #include "cards/SideLine.h"
 #include "cards/StackFileOperations.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/MemoryLimit.h"
 #include "tests/support/TextPrinters.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <malloc.h>
 #include <random>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
 
 namespace fs = std::filesystem;
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool MemoryCanBeLimited = false;  // the sanitizer reserves more than any limit
-#else
-constexpr bool MemoryCanBeLimited = true;
-#endif
-
 constexpr std::size_t Size = std::size_t{4} << 20;
-
-/// Repeats a piece until a file of `Size` bytes is full.
-std::string Filled(const std::string& start, const std::string& piece,
-                   const std::string& end = "") {
-  std::string content = start;
-  content.reserve(Size + piece.size());
-  while (content.size() + end.size() < Size) content += piece;
-  return content + end;
-}
-
-/// From now on this process gets no more memory than it has, and so much.
-void AllowMemory(std::size_t bytes) {
-  ::malloc_trim(0);
-  std::size_t pages = 0;
-  std::ifstream("/proc/self/statm") >> pages;
-  const rlim_t most = pages * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE)) + bytes;
-  const rlimit limit{most, most};
-  ASSERT_EQ(::setrlimit(RLIMIT_AS, &limit), 0);
-}
 
 class ReadingMemory : public testing::Test {
  protected:
@@ -87,20 +61,23 @@ TEST_F(ReadingMemory, IsAtMostEightTimesTheFile) {
   if (!MemoryCanBeLimited) GTEST_SKIP() << "under the address sanitizer";
   const std::string head = "Topic\r\nDescription\r\n";
   const std::string end = "\r\nback\r\n";
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "long line ", end), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "a\r\n"), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "\r\n"), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "^", end), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "%", end), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled("\xEF\xBB\xBF" + head, "\xD0\xB6", end), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(head, "name", ".wav\r\nback\r\n"), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBS", Filled("[WinQuib]\r\nA1=b\r\nQ1=", "long^", "\r\n"), 8);
-  ExpectStatus(FileStatus::Ok, "x.QBS", Filled("[WinQuib]\r\nQ1=a\r\nA1=b\r\n", "other\r\n"), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "long line ", end), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "a\r\n"), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "\r\n"), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "^", end), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "%", end), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, "\xEF\xBB\xBF" + head, "\xD0\xB6", end), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBC", Filled(Size, head, "name", ".wav\r\nback\r\n"), 8);
+  ExpectStatus(FileStatus::Ok, "x.QBS", Filled(Size, "[WinQuib]\r\nA1=b\r\nQ1=", "long^", "\r\n"),
+               8);
+  ExpectStatus(FileStatus::Ok, "x.QBS", Filled(Size, "[WinQuib]\r\nQ1=a\r\nA1=b\r\n", "other\r\n"),
+               8);
 }
 
 TEST_F(ReadingMemory, ThatRunsOutIsTold) {
   if (!MemoryCanBeLimited) GTEST_SKIP() << "under the address sanitizer";
-  const std::string content = Filled("Topic\r\nDescription\r\n", "long line ", "\r\nback\r\n");
+  const std::string content =
+      Filled(Size, "Topic\r\nDescription\r\n", "long line ", "\r\nback\r\n");
   for (const double times : {0.1, 0.5, 1.5}) {
     ExpectStatus(FileStatus::OutOfMemory, "x.QBC", content, times);
   }

@@ -273,5 +273,7 @@ TEST(StripImportPrefix, FollowsTheTable) {
       {u"Q1=a^b^^c", u"a\r\nb^c"},
       {u"Q1=%", u""},
   };
-  for (const auto& [line, text] : table) EXPECT_EQ(StripImportPrefix(line), text) << ToUtf8(line);
+  for (const auto& [line, text] : table) {
+    EXPECT_EQ(DecodeSideText(StripImportPrefix(line)), text) << ToUtf8(line);
+  }
 }

@@ -106,7 +106,7 @@ TEST_F(StackReaderTest, AListenerHearsTheSidesOfAnImportFileOnly) {
       Lines({"A title", "[WinQuib]", "Q1=house", "a remark", "A1=<wav>Haus.wav>Haus"});
   std::vector<std::string> heard;
   const auto listener = [&](const SideRead& side) {
-    heard.push_back(std::to_string(side.lineNumber) + " " + ToUtf8(side.line) + " -> " +
+    heard.push_back(std::to_string(side.lineNumber) + " " + std::string(side.line) + " -> " +
                     ToUtf8(side.text) + ", " + ToUtf8(side.sound));
   };
   ASSERT_EQ(ReadStackContent(
