@@ -7,7 +7,8 @@
 
 namespace {
 
-// A packed card: the way from the line of the card before it, a byte with a bit for each text that
+// A packed page is nothing where all its cards are empty, else its cards one after the other. A
+// packed card: the way from the line of the card before it, a byte with a bit for each text that
 // there is, and those: twice the length, one more where units take two bytes, and the units.
 
 void PackNumber(std::uint64_t number, std::string& packed) {
@@ -36,6 +37,10 @@ std::array<Text*, 6> TextsOf(DeckCard& card) {
 
 std::string Pack(std::vector<DeckCard>& cards) {
   std::string packed;
+  const auto isEmpty = [](const DeckCard& card) {
+    return card.line == 0 && card.sides[0].IsEmpty() && card.sides[1].IsEmpty();
+  };
+  if (std::all_of(cards.begin(), cards.end(), isEmpty)) return packed;
   std::int64_t line = 0;
   for (DeckCard& card : cards) {
     const std::int64_t way = card.line - std::exchange(line, card.line);
@@ -150,7 +155,8 @@ CardList::OpenPage& CardList::Open(std::size_t number) const {
   page.number = number;
   const std::size_t first = number * PageSize;
   const std::size_t count = std::min(PageSize, m_size - std::min(first, m_size));
-  page.cards.resize(m_packed[number].empty() ? 0 : count);
+  page.cards.resize(count);
+  if (m_packed[number].empty()) return page;
   Unpacker packed(m_packed[number]);
   for (DeckCard& card : page.cards) packed.Take(card);
   return page;

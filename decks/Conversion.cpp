@@ -30,8 +30,9 @@ bool Fail(Conversion& conversion, FindingKind kind, std::string message) {
   return false;
 }
 
-bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
-                   const ConvertOptions& options, Conversion& conversion) {
+/// @param deck  loses its cards where they go into several files: there is no room for both
+bool EncodeOutputs(Deck& deck, DeckFormat to, const Text& outPath, const ConvertOptions& options,
+                   Conversion& conversion) {
   const bool isStack = to == DeckFormat::Stack;
   const std::size_t most = isStack ? MaxCards : std::max<std::size_t>(1, deck.cards.size());
   const std::size_t parts = CountParts(deck, most);
@@ -46,7 +47,7 @@ bool EncodeOutputs(const Deck& deck, DeckFormat to, const Text& outPath,
     OutputFile output;
     output.path = parts > 1 ? NumberedPath(outPath, i + 1, parts) : outPath;
     if (parts > 1) {
-      const Deck part = PartOfDeck(deck, most, i, DescriptionWidth);
+      const Deck part = TakePart(deck, most, i, DescriptionWidth);
       output.cards = part.cards.size();
       output.bytes = WriteDeck(to, part, options.write, lost);
     } else {

@@ -30,8 +30,7 @@ std::size_t CountParts(const Deck& deck, std::size_t most) {
   return std::max<std::size_t>(1, (deck.cards.size() + most - 1) / most);
 }
 
-Deck PartOfDeck(const Deck& deck, std::size_t most, std::size_t part,
-                std::size_t descriptionWidth) {
+Deck TakePart(Deck& deck, std::size_t most, std::size_t part, std::size_t descriptionWidth) {
   const std::size_t count = CountParts(deck, most);
   Deck result;
   result.topic = deck.topic;
@@ -43,7 +42,8 @@ Deck PartOfDeck(const Deck& deck, std::size_t most, std::size_t part,
     result.description = deck.description.empty() ? number : Text(room).append(u" ").append(number);
   }
   const std::size_t end = std::min(deck.cards.size(), (part + 1) * most);
-  for (std::size_t i = part * most; i < end; ++i) result.cards.push_back(deck.cards[i]);
+  for (std::size_t i = part * most; i < end; ++i)
+    result.cards.push_back(std::exchange(deck.cards[i], {}));
   return result;
 }
 

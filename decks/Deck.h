@@ -23,10 +23,11 @@ void SwapSides(Deck& deck);
 /// The number of parts of at most `most` cards; 1 for a deck without cards.
 std::size_t CountParts(const Deck& deck, std::size_t most);
 
-/// Part number `part` of them, from 0, with the topic. Where there is more than one, the
+/// Takes part number `part` of them, from 0, out of the deck, whose cards become empty there; the
+/// part gets the topic. Where there is more than one, the
 /// description of each ends in its number, and is cut before it to `descriptionWidth` characters in
 /// all.
-Deck PartOfDeck(const Deck& deck, std::size_t most, std::size_t part, std::size_t descriptionWidth);
+Deck TakePart(Deck& deck, std::size_t most, std::size_t part, std::size_t descriptionWidth);
 
 /// The name of a picture or sound file without its folder.
 TextView BareMediaName(TextView name);

@@ -62,8 +62,8 @@ void CheckForeignMedia(const Deck& deck, TextView folder, MediaFolders& folders,
   }
 }
 
-/// What stacks with these cards would lack. Media lie beside a stack, wherever they were: their
-/// names become bare ones.
+/// What stacks with these cards would lack; takes the cards. Media lie beside a stack, wherever
+/// they were: their names become bare ones.
 void CheckForeignDeck(Deck& deck, Findings& findings) {
   for (DeckCard& card : deck.cards) {
     for (DeckSide& side : card.sides) {
@@ -83,7 +83,7 @@ void CheckForeignDeck(Deck& deck, Findings& findings) {
   }
   int cardsBefore = 0;
   for (std::size_t i = 0; i < CountParts(deck, MaxCards); ++i) {
-    const Deck part = PartOfDeck(deck, MaxCards, i, DescriptionWidth);
+    const Deck part = TakePart(deck, MaxCards, i, DescriptionWidth);
     Findings lost;
     (void)WriteNativeStack(part, lost);
     for (Finding& finding : lost) {

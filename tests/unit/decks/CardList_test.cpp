@@ -71,6 +71,21 @@ TEST(CardList, CardsOfAnotherPageLeaveAReferenceAlone) {
   EXPECT_EQ(list.back().sides[0].text, u"last");
 }
 
+TEST(CardList, EmptiedCardsStayInTheirPlaces) {
+  std::mt19937 random(3);
+  CardList list;
+  for (std::size_t i = 0; i < 3 * CardList::PageSize; ++i) list.push_back(RandomCard(random));
+  for (DeckCard& card : list) card = {};
+  EXPECT_EQ(list.size(), 3 * CardList::PageSize);
+  list[CardList::PageSize + 1].line = 5;
+  list.push_back({});
+  list.back().sides[1].text = u"x";
+  for (std::size_t i = 0; i < list.size(); ++i) {
+    EXPECT_EQ(list[i].line, i == CardList::PageSize + 1 ? 5 : 0);
+    EXPECT_EQ(list[i].sides[1].text, i + 1 == list.size() ? u"x" : u"");
+  }
+}
+
 TEST(CardList, CardsThatAreNotThereAreAFault) {
   CardList list;
   EXPECT_THROW((void)list[0], Fault);
