@@ -3,6 +3,7 @@
 #include "windows/frame/ArrowKeys.h"
 #include "windows/frame/EnterKey.h"
 #include "windows/frame/FitScreen.h"
+#include "windows/frame/HeldControls.h"
 #include "windows/frame/KeptSize.h"
 #include "windows/frame/MenuEscape.h"
 #include "windows/frame/Pointer.h"
@@ -25,6 +26,7 @@ Form::Form(const char* name, SharedState& shared, Platform& platform, QWidget* o
   setObjectName(QLatin1String(name));
   setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   LeaveEnterToForms();
+  new HeldControls(this);
 }
 
 // The controls go after this, and one that has the focus loses it on the way; what it would tell is
