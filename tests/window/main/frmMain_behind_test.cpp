@@ -74,7 +74,7 @@ TEST_F(BehindTest, NoStackIsRemovedAndNoOtherFileWrittenFromBehindTheEditor) {
   EXPECT_TRUE(Find<QAction>(*main, "mnuTopicName(1)").isChecked());
   EXPECT_EQ(files.Content(u"/cards/plants.QBC"), Plants);
   EXPECT_TRUE(files.Content(u"/cards/animals.QBC").starts_with("Spanish\r\n"));
-  EXPECT_TRUE(files.Content(u"/cards/animals.QBC").ends_with("hound  \r\nperro  \r\n"));
+  EXPECT_TRUE(files.Content(u"/cards/animals.QBC").ends_with("hound  \r\nperro    \r\n"));
 }
 
 TEST_F(BehindTest, NoSecondWindowOpensAndNothingQuits) {
@@ -99,7 +99,7 @@ TEST_F(BehindTest, TheEditorWaitsBehindItsSaveDialog) {
       }
     });
   });
-  EXPECT_TRUE(files.Content(u"/cards/animals.QBC").ends_with("hound  \r\nperro  \r\n"));
+  EXPECT_TRUE(files.Content(u"/cards/animals.QBC").ends_with("hound  \r\nperro    \r\n"));
 }
 
 }  // namespace
