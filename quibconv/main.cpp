@@ -6,6 +6,7 @@
 #include "quibconv/Session.h"
 
 #include <clocale>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -79,6 +80,8 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   // For the widths of characters alone; nothing that is read or written depends on the locale.
   std::setlocale(LC_CTYPE, "C.UTF-8");
+  // A file that may not grow any more fails like one on a full disk, and what there is of it goes.
+  std::signal(SIGXFSZ, SIG_IGN);
   int status = Unusable;
   try {
     status = Run(argc, argv);

@@ -115,6 +115,15 @@ class Conversions(QuibconvTest):
         self.run_it("convert", "--force", "words.csv", "folder.QBC", expect=2)
         self.assertEqual(sorted(os.listdir(self.folder)), ["folder.QBC", "words.csv"])
 
+    def test_a_file_that_may_not_grow_is_told_and_leaves_nothing(self):
+        self.put("words.csv", b"house,Haus\n" * 200)
+        for to in ("words.tsv", "words.QBC"):
+            result = subprocess.run(["sh", "-c", 'ulimit -f 1; exec "$0" convert words.csv "$1"', PROGRAM, to],
+                                    capture_output=True, timeout=60, cwd=self.folder, check=False)
+            self.assertEqual(result.returncode, 2, result)
+            self.assertIn(b"is not written: Disk full", result.stderr)
+            self.assertEqual(os.listdir(self.folder), ["words.csv"])
+
     def test_pipes(self):
         result = self.run_it("convert", "--from", "csv", "--to", "qbc", "--topic", "T", "-", "-",
                              input=b"a,b\n")
