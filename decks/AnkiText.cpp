@@ -201,14 +201,12 @@ bool ReadAnkiText(std::string_view utf8, TextColumns wanted, Deck& deck, Finding
         Failed(FindingKind::Malformed, fitting.end.brokenLine, "the fields cannot be told apart"));
     return false;
   }
-  if (fitting.strictBrokenLine != 0) {
-    findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
-                             "quotes are not used as in a table; they stay in the texts"));
-  }
   const bool html = header.html ? *header.html : LooksMarkedUpSomewhere(utf8);
   MarkupLosses losses;
+  bool quotesStay = false;  // those in marks go with them
   const auto decode = [&](Text& field, DeckSide& side) {
     DeckSide decoded = DecodeMarkup(field, html, losses);
+    quotesStay = quotesStay || decoded.text.find(u'"') != Text::npos;
     side.text = std::move(decoded.text);
     if (!decoded.sound.empty()) side.sound = std::move(decoded.sound);
     if (!decoded.picture.empty()) side.picture = std::move(decoded.picture);
@@ -221,6 +219,10 @@ bool ReadAnkiText(std::string_view utf8, TextColumns wanted, Deck& deck, Finding
     cards.Take(row);
   });
   cards.ListLosses();
+  if (fitting.strictBrokenLine != 0 && quotesStay) {
+    findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,
+                             "quotes are not used as in a table; they stay in the texts"));
+  }
   if (header.hasNoteType || header.programColumns.size() > (header.deckColumn > 0 ? 1U : 0U)) {
     findings.push_back(Remarked(0, "note types and identifiers are Anki's own and stay behind"));
   }
@@ -235,6 +237,7 @@ bool ReadAnkiText(std::string_view utf8, TextColumns wanted, Deck& deck, Finding
     findings.push_back(Found(FindingKind::LostField, 0,
                              "bold letters, colours and other formatting are left out"));
   }
+  losses.others.AppendTo(findings);
   for (const Text& name : losses.media) {
     findings.push_back(
         Found(FindingKind::LostField, 0,

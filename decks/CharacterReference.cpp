@@ -66,6 +66,8 @@ std::optional<std::uint32_t> NumberedCharacter(TextView digits) {
     if (!digit) return std::nullopt;
     number = std::min(number * (hex ? 16 : 10) + *digit, NoCharacter);
   }
+  const bool half = number >= 0xD800 && number <= 0xDFFF;
+  if (number == 0 || half || number >= NoCharacter) return std::nullopt;
   return number;
 }
 
@@ -79,10 +81,7 @@ std::optional<std::uint32_t> NamedCharacter(TextView name) {
 }
 
 void AppendCharacter(Text& text, std::uint32_t character) {
-  const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-  if (character == 0 || surrogate || character > 0x10FFFF) {
-    text += u'\uFFFD';
-  } else if (character < 0x10000) {
+  if (character < 0x10000) {
     text += static_cast<char16_t>(character);
   } else {
     text += static_cast<char16_t>(0xD800 + ((character - 0x10000) >> 10));

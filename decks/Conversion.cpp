@@ -55,6 +55,12 @@ bool EncodeOutputs(Deck& deck, DeckFormat to, const Text& outPath, const Convert
       output.bytes = WriteDeck(to, deck, options.write, lost);
     }
     for (Finding& finding : lost) {
+      if (finding.severity == Severity::Error) {
+        // It is about the new file, and so is its line, which nobody will see.
+        finding.line = 0;
+        finding.message = fmt::format("{} cannot be made so that it can be read again: {}",
+                                      Quoted(output.path), finding.message);
+      }
       // Topic and description are the same for all parts and said once.
       if (finding.card == 0 && i > 0 && finding.severity != Severity::Error) continue;
       if (finding.card > 0) finding.card += cardsBefore;
@@ -154,6 +160,10 @@ bool PlanConversion(Files& files, std::string bytes, const Text& inPath, const T
     return Fail(conversion, FindingKind::Unreadable,
                 fmt::format("the name {} says no format; --from does", Quoted(BaseName(inPath))));
   }
+  if (const TextView name = BaseName(outPath); name.empty() || name == u"." || name == u"..") {
+    return Fail(conversion, FindingKind::Unreadable,
+                fmt::format("{} is no name of a file", Quoted(outPath)));
+  }
   if (!to || to == DeckFormat::Import) {
     return Fail(
         conversion, FindingKind::Unreadable,
@@ -167,7 +177,10 @@ bool PlanConversion(Files& files, std::string bytes, const Text& inPath, const T
   if (!ReadDeck(*from, bytes, fileName, options.read, deck, encoding, conversion.findings))
     return false;
   bytes = {};  // the room is needed
-  if (deck.cards.empty()) return Fail(conversion, FindingKind::Malformed, "no cards in it");
+  if (deck.cards.empty()) {
+    conversion.findings.push_back(NoCards());
+    return false;
+  }
 
   if (options.topic) deck.topic = *options.topic;
   if (options.description) deck.description = *options.description;

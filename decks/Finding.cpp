@@ -16,8 +16,11 @@ char16_t VisibleUnit(char16_t unit) {
   const bool otherControl = unit >= 0x80 && unit < 0xA0;
   // Marks that turn the direction of writing would mix up a whole report.
   const bool direction = (unit >= 0x202A && unit <= 0x202E) || (unit >= 0x2066 && unit <= 0x2069);
+  // Nobody sees these, and two of them turn the direction as well.
+  const bool unseen =
+      unit == 0x200B || unit == 0x200E || unit == 0x200F || unit == 0x061C || unit == 0xFEFF;
   const bool breaksLine = unit == 0x2028 || unit == 0x2029;
-  return otherControl || direction || breaksLine ? 0xFFFD : unit;
+  return otherControl || direction || unseen || breaksLine ? 0xFFFD : unit;
 }
 
 }  // namespace
@@ -91,6 +94,8 @@ Finding Failed(FindingKind kind, int line, std::string message) {
   finding.severity = Severity::Error;
   return finding;
 }
+
+Finding NoCards() { return Failed(FindingKind::Malformed, 0, "no cards in it"); }
 
 Finding Remarked(int line, std::string message) {
   Finding finding = Found(FindingKind::Remark, line, std::move(message));

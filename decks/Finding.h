@@ -103,6 +103,8 @@ class Findings {
 /// About the file as a whole, or one of its lines.
 Finding Found(FindingKind kind, int line, std::string message);
 Finding Failed(FindingKind kind, int line, std::string message);
+/// A file without cards, of which nothing can be made.
+Finding NoCards();
 Finding Remarked(int line, std::string message);
 /// About a side of a card.
 Finding FoundAt(FindingKind kind, int line, int card, int side, std::string message);

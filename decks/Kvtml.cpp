@@ -79,8 +79,7 @@ class Reader {
   void LoseAttributes(std::string_view element, std::initializer_list<std::string_view> known) {
     if (!m_walk.xml.HasAttributes()) return;
     m_walk.xml.ForEachAttribute([&](std::string_view name, const std::string&) {
-      const bool isKnown = std::find(known.begin(), known.end(), name) != known.end();
-      if (isKnown || name.starts_with("xmlns")) return;
+      if (std::find(known.begin(), known.end(), name) != known.end()) return;
       Lose(fmt::format("the attribute {} of <{}>", Quoted(FromUtf8(ShownName(name))),
                        ShownName(element)),
            m_walk.xml.Line());

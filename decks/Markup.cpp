@@ -22,8 +22,17 @@ constexpr bool IsSpace(char16_t unit) {
   return unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n';
 }
 
+/// True for "0" and "xD800": a number, whether it is a character's or not.
+bool LooksLikeNumber(TextView digits) {
+  const bool hex = digits.starts_with(u'x') || digits.starts_with(u'X');
+  if (hex) digits.remove_prefix(1);
+  return !digits.empty() && digits.find_first_not_of(hex ? u"0123456789abcdefABCDEF"
+                                                         : u"0123456789") == TextView::npos;
+}
+
 /// Takes a character reference from the front of `rest`; another "&" is itself.
-void TakeReference(TextView& rest, Text& text) {
+/// @param wrong  receives a number of no character as it is written, once there is one
+void TakeReference(TextView& rest, Text& text, Text& wrong) {
   constexpr std::size_t Longest = 12;
   const std::size_t end = rest.substr(0, Longest).find(u';');
   if (end != TextView::npos) {
@@ -35,6 +44,8 @@ void TakeReference(TextView& rest, Text& text) {
       rest.remove_prefix(end + 1);
       return;
     }
+    const TextView digits = name.substr(std::min<std::size_t>(name.size(), 1));
+    if (name.starts_with(u'#') && LooksLikeNumber(digits)) wrong = rest.substr(0, end + 1);
   }
   text += u'&';
   rest.remove_prefix(1);
@@ -42,9 +53,10 @@ void TakeReference(TextView& rest, Text& text) {
 
 Text Unescaped(TextView rest) {
   Text text;
+  Text wrong;  // stays in the value
   while (!rest.empty()) {
     if (rest.front() == u'&') {
-      TakeReference(rest, text);
+      TakeReference(rest, text, wrong);
     } else {
       text += rest.front();
       rest.remove_prefix(1);
@@ -125,27 +137,42 @@ class MarkEnds {
   std::array<Walk, 3> m_walks = {{{0}, {u'"'}, {u'\''}}};
 };
 
-/// The value of the attribute "src".
-Text SourceOf(TextView attributes) {
-  std::size_t at = FindIgnoringCase(attributes, u"src");
-  while (at != TextView::npos && at > 0 && !IsSpace(attributes[at - 1])) {
-    at = FindIgnoringCase(attributes, u"src", at + 1);
+/// Calls `use` with the name, as it is written, and the value of each attribute of a mark.
+template <class Use>
+void ForEachAttribute(TextView attributes, Use use) {
+  const auto takeUntil = [&](auto ends) {
+    const auto* const end = std::find_if(attributes.begin(), attributes.end(), ends);
+    const auto length = static_cast<std::size_t>(end - attributes.begin());
+    const TextView taken = attributes.substr(0, length);
+    attributes.remove_prefix(length);
+    return taken;
+  };
+  const auto isNoSpace = [](char16_t unit) { return !IsSpace(unit); };
+  while (true) {
+    takeUntil([](char16_t unit) { return !IsSpace(unit) && unit != u'/'; });
+    if (attributes.empty()) return;
+    // Whatever stands first is part of a name: so each turn takes something.
+    const std::size_t nameEnd =
+        std::min(attributes.find_first_of(u"=/ \t\r\n", 1), attributes.size());
+    const TextView name = attributes.substr(0, nameEnd);
+    attributes.remove_prefix(nameEnd);
+    takeUntil(isNoSpace);
+    if (!attributes.starts_with(u'=')) {
+      use(name, Text());
+      continue;
+    }
+    attributes.remove_prefix(1);
+    takeUntil(isNoSpace);
+    if (attributes.starts_with(u'"') || attributes.starts_with(u'\'')) {
+      const char16_t quote = attributes.front();
+      attributes.remove_prefix(1);
+      const TextView value = takeUntil([&](char16_t unit) { return unit == quote; });
+      attributes.remove_prefix(std::min<std::size_t>(attributes.size(), 1));
+      use(name, Unescaped(value));
+    } else {
+      use(name, Unescaped(takeUntil(IsSpace)));
+    }
   }
-  if (at == TextView::npos) return {};
-  TextView value = attributes.substr(at + 3);
-  while (!value.empty() && IsSpace(value.front())) value.remove_prefix(1);
-  if (!value.starts_with(u'=')) return {};
-  value.remove_prefix(1);
-  while (!value.empty() && IsSpace(value.front())) value.remove_prefix(1);
-  if (value.starts_with(u'"') || value.starts_with(u'\'')) {
-    const char16_t quote = value.front();
-    value.remove_prefix(1);
-    value = value.substr(0, value.find(quote));
-  } else {
-    const auto* const end = std::find_if(value.begin(), value.end(), IsSpace);
-    value = value.substr(0, static_cast<std::size_t>(end - value.begin()));
-  }
-  return Unescaped(value);
 }
 
 bool IsBlock(TextView name) {
@@ -167,7 +194,11 @@ class Decoder {
       FlushBreak();
       if (m_html && m_field[m_at] == u'&') {
         TextView rest = m_field.substr(m_at);
-        TakeReference(rest, m_side.text);
+        Text wrong;
+        TakeReference(rest, m_side.text, wrong);
+        if (!wrong.empty()) {
+          m_losses.others.Add(Quoted(wrong) + " stands for no character; it stays as it is", 0);
+        }
         m_at = m_field.size() - rest.size();
       } else {
         m_side.text += m_field[m_at++];
@@ -217,14 +248,40 @@ class Decoder {
       FlushBreak();
       m_side.text.append(LineBreak);
     } else if (name == u"IMG") {
-      Text source = SourceOf(attributes);
-      if (source.empty()) m_losses.formatting = true;
-      Keep(m_side.picture, std::move(source));
+      TakePicture(attributes);
     } else if (IsBlock(name)) {
       m_breakDue = !m_side.text.empty() && !m_side.text.ends_with(LineBreak);
     } else {
       m_losses.formatting = true;
+      ListAddresses(name, attributes);
     }
+  }
+
+  void TakePicture(TextView attributes) {
+    Text source;
+    ForEachAttribute(attributes, [&](TextView attribute, Text value) {
+      if (value.empty()) return;
+      if (EqualIgnoringCase(attribute, u"src")) {
+        if (source.empty()) source = std::move(value);
+      } else if (EqualIgnoringCase(attribute, u"alt") || EqualIgnoringCase(attribute, u"title")) {
+        m_losses.others.Add("the words " + Quoted(value) + " of a picture are left out", 0);
+      }
+    });
+    if (source.empty()) m_losses.formatting = true;
+    Keep(m_side.picture, std::move(source));
+  }
+
+  /// Lists where links and media of other marks lead.
+  void ListAddresses(const Text& name, TextView attributes) {
+    constexpr std::array<TextView, 5> Addresses = {u"href", u"src", u"data", u"poster", u"srcset"};
+    ForEachAttribute(attributes, [&](TextView attribute, const Text& value) {
+      const bool isAddress = std::any_of(Addresses.begin(), Addresses.end(), [&](TextView known) {
+        return EqualIgnoringCase(attribute, known);
+      });
+      if (!isAddress || value.empty()) return;
+      m_losses.others.Add(
+          "where a mark " + Quoted(name) + " leads, " + Quoted(value) + ", is left out", 0);
+    });
   }
 
   void Keep(Text& place, Text name) {

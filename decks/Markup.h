@@ -2,6 +2,7 @@
 
 #include "base/Text.h"
 #include "decks/Deck.h"
+#include "decks/LossList.h"
 
 #include <vector>
 
@@ -13,6 +14,7 @@ struct MarkupLosses {
   bool formatting = false;    ///< bold, colours and the like
   std::vector<Text> media;    ///< names of further sounds and pictures; a side has one of each
   std::size_t moreMedia = 0;  ///< how many there are beyond MostMedia
+  LossList others;            ///< words of pictures, addresses of links, numbers of no character
   static constexpr std::size_t MostMedia = 1000;
 };
 

@@ -1,11 +1,13 @@
 #include "decks/NativeStack.h"
 
 #include "base/CodePage.h"
+#include "base/LetterCase.h"
 #include "base/Paths.h"
 #include "cards/FileLines.h"
 #include "cards/SideLine.h"
 #include "cards/StackFile.h"
 #include "decks/Differences.h"
+#include "decks/ImportLines.h"
 #include "settings/TopicList.h"
 
 #include <algorithm>
@@ -65,6 +67,19 @@ TextView CutToLoad(TextView text) {
   TextView cut = CutText(text, MaxLoadedText);
   const bool parted = cut.size() < text.size() && cut.ends_with(u'\r');
   return parted ? cut.substr(0, cut.size() - 1) : cut;
+}
+
+/// What is wrong with a topic's name that does not stay as it is.
+std::string WhatTopicsLack(TextView name) {
+  if (WithoutSectionMarks(name) == TrimBlanks(name)) {
+    return fmt::format("at most {} characters, and no blanks around them", MaxTopicName);
+  }
+  const bool brackets = name.find_first_of(u"[]") != TextView::npos;
+  std::string words = brackets ? "no brackets" : "no control characters";
+  if (WithoutSectionMarks(name).size() > MaxTopicName) {
+    words += fmt::format(", and at most {} characters", MaxTopicName);
+  }
+  return words;
 }
 
 /// Makes what a stack can hold of a deck, and lists the rest.
@@ -133,8 +148,8 @@ class Preparation {
     if (const Text topic = CleanTopicName(m_deck.topic); topic != TrimRight(m_deck.topic)) {
       m_findings.push_back(
           Found(FindingKind::Topic, 0,
-                fmt::format("the topic {} becomes {}: a topic's name has at most {} characters",
-                            Quoted(m_deck.topic), Quoted(topic), MaxTopicName)));
+                fmt::format("the topic {} becomes {}: a topic's name has {}", Quoted(m_deck.topic),
+                            Quoted(topic), WhatTopicsLack(m_deck.topic))));
       m_deck.topic = topic;
     }
     Text description = ReplaceAll(WithCrLf(m_deck.description), LineBreak, u" ");
@@ -189,7 +204,9 @@ NativeContent ReadNative(std::string_view bytes, TextView fileName, const SideLi
 }
 
 bool ReadNativeDeck(std::string_view bytes, TextView fileName, Deck& deck, Findings& findings) {
-  NativeContent content = ReadNative(bytes, fileName, {});
+  std::vector<int> heard;
+  NativeContent content =
+      ReadNative(bytes, fileName, [&](const SideRead& side) { heard.push_back(side.lineNumber); });
   if (content.status != FileStatus::Ok) {
     findings.push_back(
         Failed(FindingKind::Malformed, 0,
@@ -208,7 +225,9 @@ bool ReadNativeDeck(std::string_view bytes, TextView fileName, Deck& deck, Findi
   for (const Text& message : content.messages) {
     findings.push_back(Found(FindingKind::UnequalSides, 0, Printable(message)));
   }
-  if (content.deck.cards.size() >= MaxCards) {
+  if (ContainsIgnoringCase(fileName, u".QBS")) {
+    ListIgnoredImportLines(bytes, heard, findings);
+  } else if (content.deck.cards.size() >= MaxCards) {
     FileLines lines(bytes);
     Text line;
     while (lines.LineNumber() < content.endLine && lines.Read(line) == FileStatus::Ok) continue;

@@ -165,9 +165,10 @@ bool DecodeToUtf8(std::string_view bytes, std::string_view encoding, std::string
   converter.Run(bytes, storage, onBad, ReplacementUtf8);
   converter.End(storage);
   if (bad > 0) {
-    findings.push_back(
-        Found(FindingKind::Encoding, LineOf(storage, firstBad),
-              fmt::format("{} bytes are no {}; they become “\uFFFD”", badBytes, used)));
+    findings.push_back(Found(
+        FindingKind::Encoding, LineOf(storage, firstBad),
+        badBytes == 1 ? fmt::format("1 byte is no {}; it becomes “\uFFFD”", used)
+                      : fmt::format("{} bytes are no {}; they become “\uFFFD”", badBytes, used)));
   } else if (const std::size_t again = EncodedLength(SystemName(used), storage);
              again != bytes.size() && !DiffersInMarkAlone(bytes.size(), again, unit)) {
     // The system does not tell of bytes that it passes over.

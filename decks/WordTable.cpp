@@ -1,5 +1,7 @@
 #include "decks/WordTable.h"
 
+#include "decks/QuoteRepair.h"
+
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
@@ -57,7 +59,14 @@ bool ReadWordTable(std::string_view utf8, WordTableOptions options, Deck& deck,
   }
   // Lists that are typed by hand with tabs hold quotes as they come; with commas they protect.
   const QuoteRule otherwise = options.separator == '\t' ? QuoteRule::None : QuoteRule::Lenient;
-  const FittingRule fitting = FindFittingRule(utf8, options.separator, otherwise, firstLine);
+  FittingRule fitting = FindFittingRule(utf8, options.separator, otherwise, firstLine);
+  RepairedQuotes repaired;
+  if (fitting.rule == QuoteRule::Lenient) {
+    repaired = RepairQuotes(utf8, options.separator, firstLine);
+    utf8 = repaired.text;
+    fitting.end = ReadDelimited(utf8, options.separator, fitting.rule, firstLine, {});
+    if (repaired.unclosedLine != 0) fitting.end.brokenLine = repaired.unclosedLine;
+  }
   if (!ListTableEnd(fitting.end, findings)) return false;
   if (fitting.strictBrokenLine != 0) {
     findings.push_back(Found(FindingKind::Malformed, fitting.strictBrokenLine,

@@ -1,6 +1,7 @@
 #include "decks/XmlEncoding.h"
 
 #include "base/CodePage.h"
+#include "base/LetterCase.h"
 #include "decks/TextEncoding.h"
 
 #include <algorithm>
@@ -49,6 +50,33 @@ std::string_view DeclaredEncoding(std::string_view bytes) {
   return end == std::string_view::npos ? std::string_view() : rest.substr(1, end - 1);
 }
 
+/// The beginning of the file, read in an encoding, without a mark.
+Text BeginningIn(std::string_view bytes, std::string_view encoding) {
+  constexpr std::size_t Longest =
+      400;  // whole characters of any encoding; a declaration is shorter
+  Text text;
+  std::string used;
+  Findings ignored;
+  if (!DecodeForeignText(bytes.substr(0, Longest), encoding, text, used, ignored)) return {};
+  if (text.starts_with(u'\uFEFF')) text.erase(0, 1);
+  return text;
+}
+
+/// Lists a declaration that says another encoding than the one which the first bytes say.
+void ListContradiction(std::string_view bytes, std::string_view encoding, Findings& findings) {
+  const std::string start = ToUtf8(BeginningIn(bytes, encoding));
+  const std::string_view declared = DeclaredEncoding(start);
+  if (declared.empty()) return;
+  const Text said = FromUtf8(declared);
+  // "UTF-16" leaves open what "utf-16be" says.
+  if (EqualIgnoringCase(FromUtf8(encoding).substr(0, said.size()), said)) return;
+  const TextView mark = u"<?xml";
+  if (IsKnownEncoding(declared) && BeginningIn(bytes, declared).starts_with(mark)) return;
+  findings.push_back(Found(FindingKind::Encoding, 1,
+                           fmt::format("the file says that it is {}, and begins as {}; read as {}",
+                                       Quoted(said), encoding, encoding)));
+}
+
 /// True when the declaration, read in the encoding, is the declaration.
 bool ReadsItself(std::string_view bytes, std::string_view encoding) {
   const std::string_view sample = bytes.substr(0, 4);
@@ -62,7 +90,9 @@ bool ReadsItself(std::string_view bytes, std::string_view encoding) {
 
 std::string XmlEncoding(std::string_view bytes, Findings& findings) {
   for (const Beginning& beginning : Beginnings) {
-    if (bytes.starts_with(beginning.bytes)) return std::string(beginning.encoding);
+    if (!bytes.starts_with(beginning.bytes)) continue;
+    ListContradiction(bytes, beginning.encoding, findings);
+    return std::string(beginning.encoding);
   }
   const std::string_view declared = DeclaredEncoding(bytes);
   if (declared.empty() || !IsKnownEncoding(declared) || ReadsItself(bytes, declared)) {

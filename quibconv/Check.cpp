@@ -72,7 +72,7 @@ void CheckForeignDeck(Deck& deck, Findings& findings) {
     }
   }
   if (deck.cards.empty()) {
-    findings.push_back(Failed(FindingKind::Malformed, 0, "no cards in it"));
+    findings.push_back(NoCards());
     return;
   }
   if (deck.cards.size() > MaxCards) {

@@ -5,6 +5,7 @@
 #include "base/Paths.h"
 #include "cards/CardStack.h"
 #include "cards/FileLines.h"
+#include "decks/ImportLines.h"
 #include "decks/NativeStack.h"
 #include "quibconv/FileBytes.h"
 
@@ -191,29 +192,6 @@ void CheckEnd(std::string_view bytes, int endLine, Findings& findings) {
                                        ignored, ignored == 1 ? "" : "s", MaxCards)));
 }
 
-/// True for a line that looks as if it were a front or a back.
-bool LooksLikeImportData(TextView line) {
-  line = TrimBlanks(line);
-  if (line.empty() || UpperCase(line.substr(0, 1)).find_first_of(u"QA") != 0) return false;
-  const std::size_t equals = line.find_first_not_of(u"0123456789", 1);
-  return equals != TextView::npos && equals > 1 && line[equals] == u'=';
-}
-
-void CheckIgnoredImportLines(std::string_view bytes, const std::vector<int>& heard,
-                             Findings& findings) {
-  FileLines lines(bytes);
-  Text line;
-  while (lines.Read(line) == FileStatus::Ok) {
-    const bool used = std::binary_search(heard.begin(), heard.end(), lines.LineNumber());
-    if (used || !LooksLikeImportData(line)) continue;
-    findings.push_back(
-        Found(FindingKind::IgnoredLine, lines.LineNumber(),
-              fmt::format("{} is skipped: not the next number of its side, or behind "
-                          "the last card that is read",
-                          Quoted(line))));
-  }
-}
-
 void CheckEmptyCards(const Deck& deck, Findings& findings) {
   for (std::size_t i = 0; i < deck.cards.size(); ++i) {
     const DeckCard& card = deck.cards[i];
@@ -242,11 +220,12 @@ void CheckStack(std::string_view bytes, const Text& path, const TopicList* topic
   findings.insert(findings.end(), sideFindings.begin(), sideFindings.end());
   CheckEmptyCards(deck, findings);
   if (isImport) {
+    if (deck.cards.empty()) findings.push_back(NoCards());
     for (const Text& message : content.messages) {
       findings.push_back(
           Found(FindingKind::UnequalSides, 0, "the program says: " + Printable(message)));
     }
-    CheckIgnoredImportLines(bytes, sides.HeardLines(), findings);
+    ListIgnoredImportLines(bytes, sides.HeardLines(), findings);
     return;
   }
   CheckHeader(bytes, deck, topics, findings);

@@ -246,8 +246,10 @@ void AddConvertOptions(CLI::App& command, Words& words) {
       ->group(group);
   command.add_flag("--swap", words.swap, "Fronts become backs, and backs fronts")->group(group);
   command
-      .add_flag("--split", words.split,
-                "More than 300 cards become several stacks,\nOUT-1.QBC, OUT-2.QBC and so on")
+      .add_flag(
+          "--split", words.split,
+          "More than 300 cards become several stacks,\nOUT-1.QBC, OUT-2.QBC and so on; from ten "
+          "stacks on\nOUT-01.QBC, OUT-02.QBC")
       ->group(group);
   command.add_option("--media", words.media, "copy: pictures and sounds go to the folder of OUT")
       ->type_name("copy")

@@ -154,9 +154,10 @@ int RunShow(const Request& request, Surroundings& around) {
     if (!format) {
       findings.push_back(
           Failed(FindingKind::Unreadable, 0, "the name says no format; --from does"));
-    } else {
-      (void)ReadDeck(*format, bytes, BaseName(path), request.options.read, deck, encoding,
-                     findings);
+    } else if (ReadDeck(*format, bytes, BaseName(path), request.options.read, deck, encoding,
+                        findings) &&
+               deck.cards.empty()) {
+      findings.push_back(NoCards());
     }
     Say(around.error, FindingLines(path, findings, LimitsOf(request)));
     if (WorstOf(findings) == Severity::Error) {

@@ -32,6 +32,16 @@ TEST(ReadAnkiText, TakesTheHeaderLines) {
   EXPECT_TRUE(result.findings.empty());
 }
 
+TEST(ReadAnkiText, QuotesOfMarksAreNoLoss) {
+  const TextView start = u"#separator:tab\n#html:true\n";
+  const Result marks = Read(Text(start).append(u"<img src=\"x.jpg\">\tb\n"));
+  EXPECT_EQ(marks.deck.cards.at(0).sides[0].picture, u"x.jpg");
+  EXPECT_TRUE(marks.findings.empty());
+  const Result text = Read(Text(start).append(u"a \"b\"\tc\n"));
+  ASSERT_EQ(text.findings.size(), 1U);
+  EXPECT_EQ(text.findings[0].line, 3);
+}
+
 TEST(ReadAnkiText, OurOwnLinesSayTopicAndDescription) {
   const Result result = Read(u"#separator:tab\n#deck:a::b::c\n#topic:a::b\n#description:c\nx\ty\n");
   EXPECT_EQ(result.deck.topic, u"a::b");

@@ -148,6 +148,24 @@ TEST_F(ConversionTest, UnknownNamesAndImportFilesAreRefused) {
   EXPECT_TRUE(Convert(u"words", u"out"));
 }
 
+TEST_F(ConversionTest, NamesThatAreNoneAreRefused) {
+  files.Put(u"words.tsv", Rows(301));
+  options.to = DeckFormat::Stack;
+  options.split = true;
+  for (const Text& out : {Text(u"."), Text(u"dir/.."), Text(u"dir/"), Text()}) {
+    EXPECT_FALSE(Convert(u"words.tsv", out));
+    EXPECT_NE(conversion.findings.back().message.find("is no name of a file"), std::string::npos);
+  }
+}
+
+TEST_F(ConversionTest, WhatCannotBeReadAgainIsSaidOfTheNewFile) {
+  files.Put(u"words.tsv", "a\tb\n" + std::string((std::size_t{1} << 20) - 1, '<') + "\tc\n");
+  EXPECT_FALSE(Convert(u"words.tsv", u"words.txt"));
+  const Finding& last = conversion.findings.back();
+  EXPECT_EQ(last.line, 0);
+  EXPECT_NE(last.message.find("“words.txt” cannot be made so"), std::string::npos) << last.message;
+}
+
 TEST_F(ConversionTest, NoCardsNoFile) {
   files.Put(u"words.csv", "\n\n");
   EXPECT_FALSE(Convert(u"words.csv", u"words.QBC"));

@@ -57,6 +57,7 @@ TEST(WithoutControls, JsonStaysJson) {
 
 TEST(Printable, ShowsWhatTerminalsWouldObey) {
   EXPECT_EQ(Printable(u"a\r\nb\tc\x1B[0m\x7F\u009B\u202E"), "a⏎b␉c␛[0m␡\uFFFD\uFFFD");
+  EXPECT_EQ(Printable(u"a\u200B\u200E\u200F\u061C\uFEFF"), "a\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(Printable(u"\xD800x"), "\uFFFDx");
 }
 

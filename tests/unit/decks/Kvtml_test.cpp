@@ -177,10 +177,41 @@ TEST(ReadKvtml, CommentsPartNoTexts) {
 
 TEST(ReadKvtml, UnknownReferencesStayAndAreListed) {
   const Result result = Read(Entry("<text>a&nbsp;b &#x0000e9; AT&T &#xD800;</text>"));
-  EXPECT_EQ(result.deck.cards.at(0).sides[0].text, u"a&nbsp;b é AT&T \uFFFD");
+  EXPECT_EQ(result.deck.cards.at(0).sides[0].text, u"a&nbsp;b é AT&T &#xD800;");
   EXPECT_TRUE(
       result.Mentions("“&nbsp;” stands for no character that XML knows; it stays as it is, "
-                      "and 1 more like it"));
+                      "and 2 more like it"));
+}
+
+TEST(ReadKvtml, NamesOfNamespacesAreListed) {
+  EXPECT_TRUE(Read(Entry("<text xmlns:x=\"urn:x\">a</text>")).Mentions("“xmlns:x” of <text>"));
+}
+
+TEST(ReadKvtml, ADeclarationThatTheMarkContradictsIsListed) {
+  const auto document = [](const std::string& declared) {
+    return "<?xml version=\"1.0\" encoding=\"" + declared +
+           "\"?><kvtml version=\"2.0\"><entries><entry/></entries></kvtml>";
+  };
+  const auto wide = [](const std::string& bytes, bool big) {
+    std::string units;
+    for (const char byte : bytes) units += big ? std::string{'\0', byte} : std::string{byte, '\0'};
+    return units;
+  };
+  const std::string little = "\xFF\xFE";
+  const std::string big = "\xFE\xFF";
+  for (const std::string& contradicted :
+       {"\xEF\xBB\xBF" + document("windows-1252"), little + wide(document("UTF-8"), false),
+        big + wide(document("utf-16le"), true), wide(document("utf-8"), true)}) {
+    const Result result = Read(contradicted);
+    EXPECT_TRUE(result.read);
+    EXPECT_TRUE(result.Mentions("the file says that it is “"));
+  }
+  for (const std::string& right :
+       {"\xEF\xBB\xBF" + document("utf-8"), little + wide(document("UTF-16"), false),
+        little + wide(document("utf-16le"), false), big + wide(document("utf-16"), true),
+        wide(document("utf-16"), true)}) {
+    EXPECT_TRUE(Read(right).findings.empty());
+  }
 }
 
 TEST(ReadKvtml, ALessonWithoutAllCardsIsListed) {

@@ -24,7 +24,7 @@ TEST(DecodeMarkup, CharacterReferences) {
   EXPECT_EQ(Decode(u"&eacute;&Ntilde;&yuml;&hellip;&nbsp;").text, u"éÑÿ…\u00A0");
   EXPECT_EQ(Decode(u"&; & &nosuchname; &#; &#x; &#zz; AT&T").text,
             u"&; & &nosuchname; &#; &#x; &#zz; AT&T");
-  EXPECT_EQ(Decode(u"&#0;&#xD800;&#99999999;").text, u"\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(Decode(u"&#0;&#xD800;&#99999999;").text, u"&#0;&#xD800;&#99999999;");
 }
 
 TEST(DecodeMarkup, SoundsAndPictures) {
@@ -35,6 +35,34 @@ TEST(DecodeMarkup, SoundsAndPictures) {
             (DeckSide{u"", u"", u"a&b.jpg"}));
   EXPECT_EQ(Decode(u"<img alt=x>"), (DeckSide{u"", u"", u""}));
   EXPECT_EQ(Decode(u"[sound:a.wav"), (DeckSide{u"[sound:a.wav", u"", u""}));
+}
+
+std::string Others(TextView field) {
+  MarkupLosses losses;
+  (void)DecodeMarkup(field, true, losses);
+  Findings findings;
+  losses.others.AppendTo(findings);
+  std::string words;
+  for (const Finding& finding : findings) words += finding.message + "\n";
+  return words;
+}
+
+TEST(DecodeMarkup, SaysWhichWordsAndAddressesItTookAway) {
+  EXPECT_EQ(Others(u"<img src='a.jpg' alt='a dog'><img src=b.jpg alt=''>"),
+            "the words “a dog” of a picture are left out\n");
+  EXPECT_EQ(Others(u"<a class=x href=\"x.html\">a</a><VIDEO src=v.mp4></VIDEO><b>b</b>"),
+            "where a mark “A” leads, “x.html”, is left out\n"
+            "where a mark “VIDEO” leads, “v.mp4”, is left out\n");
+  EXPECT_EQ(Others(u"&#0; &#xD800; &#x110000; &#0; &#zz; &; &amp;"),
+            "“&#0;” stands for no character; it stays as it is 2 times\n"
+            "“&#x110000;” stands for no character; it stays as it is\n"
+            "“&#xD800;” stands for no character; it stays as it is\n");
+}
+
+TEST(DecodeMarkup, AttributesAreToldApart) {
+  EXPECT_EQ(Decode(u"<img alt=\"a src=no.jpg\" src = yes.jpg />").picture, u"yes.jpg");
+  EXPECT_EQ(Decode(u"<img alt=\"x\"src=\"yes.jpg\"/>").picture, u"yes.jpg");
+  EXPECT_EQ(Decode(u"<img = / hidden src=yes.jpg src=no.jpg>").picture, u"yes.jpg");
 }
 
 TEST(DecodeMarkup, SaysWhatItTookAway) {

@@ -60,6 +60,32 @@ TEST(ReadNativeDeck, WhatTheProgramRefusesIsRefused) {
   EXPECT_EQ(findings.size(), 3U);
 }
 
+TEST(ReadNativeDeck, LinesOutOfOrderAreListed) {
+  Deck deck;
+  Findings findings;
+  ASSERT_TRUE(
+      ReadNativeDeck("[WinQuib]\r\nQ1=a\r\nA1=b\r\nQ3=c\r\nA3=d\r\n", u"a.QBS", deck, findings));
+  EXPECT_EQ(Kinds(findings),
+            (std::vector<FindingKind>{FindingKind::IgnoredLine, FindingKind::IgnoredLine}));
+  EXPECT_EQ(findings[0].line, 4);
+}
+
+TEST(WriteNativeStack, SaysWhyATopicChanges) {
+  const auto said = [](const Text& topic) {
+    Deck deck;
+    deck.topic = topic;
+    deck.cards.resize(1);
+    deck.cards[0].sides[0].text = u"a";
+    Findings findings;
+    (void)WriteNativeStack(deck, findings);
+    return findings.empty() ? std::string() : findings[0].message;
+  };
+  EXPECT_TRUE(said(u"[a]").ends_with("has no brackets")) << said(u"[a]");
+  EXPECT_TRUE(said(u"a\tb").ends_with("has no control characters")) << said(u"a\tb");
+  EXPECT_TRUE(said(Text(21, u'x')).find("has at most 20 characters") != std::string::npos);
+  EXPECT_TRUE(said(Text(21, u'x') + u"]").ends_with("no brackets, and at most 20 characters"));
+}
+
 TEST(ReadNativeDeck, ImportFilesSayWhatTheProgramSays) {
   Deck deck;
   Findings findings;

@@ -106,6 +106,33 @@ TEST(ReadWordTable, BrokenQuotesAreToldAndReadAsWellAsPossible) {
   EXPECT_EQ(open.findings.back().line, 2);
 }
 
+Text Rows(const Result& result) {
+  Text rows;
+  for (const DeckCard& card : result.deck.cards) {
+    rows.append(card.sides[0].text).append(u"|").append(card.sides[1].text).append(u"/");
+  }
+  return rows;
+}
+
+TEST(ReadWordTable, TextBehindQuotesBelongsToTheField) {
+  const Result result = Read(u"a,b\n\"x\"y,z\n\"q\",w\n");
+  ASSERT_TRUE(result.read);
+  EXPECT_EQ(Rows(result), u"a|b/xy|z/q|w/");
+  ASSERT_EQ(result.findings.size(), 1U);
+  EXPECT_EQ(result.findings[0].line, 2);
+  EXPECT_EQ(result.findings[0].severity, Severity::Finding);
+  EXPECT_EQ(Rows(Read(u"\"x\"y,\"z\"")), u"xy|z/");
+  EXPECT_EQ(Rows(Read(u"\"x\"y\"z,\"a\"\"b\"c\r\nd \"e\",f")), u"xy\"z|a\"bc/d \"e\"|f/");
+  EXPECT_EQ(Rows(Read(u"\"say \"hi\" now\",b\n")), u"say \"hi\" now|b/");
+  EXPECT_EQ(Rows(Read(u"\"a\nb\"c,d\n")), u"a\r\nbc|d/");
+}
+
+TEST(ReadWordTable, AQuoteThatNeverClosesIsToldWhereItOpens) {
+  const Result open = Read(u"\"a\nb\",\"c\n\nd,e");
+  EXPECT_FALSE(open.read);
+  EXPECT_EQ(open.findings.back().line, 2);
+}
+
 TEST(WriteWordTable, TwoColumnsWithoutMedia) {
   Deck deck;
   deck.cards.resize(2);

@@ -178,6 +178,7 @@ TEST_F(CheckTest, ImportFiles) {
             (Found{"4 ignored-line", "5 ignored-line"}));
   EXPECT_EQ(Check(Lines({"[WinQuib]", "Q1=a", "A1=b", "Q2=c"}), u"cards/x.qbs"),
             Found{"0 unequal-sides"});
+  EXPECT_EQ(Check(Lines({"[WinQuib]", "remark"}), u"cards/x.QBS"), Found{"0 malformed"});
   EXPECT_EQ(Check(Lines({"no mark", "Q1=a", "A1=b"}), u"cards/x.QBS"), Found{"3 malformed"});
   EXPECT_EQ(Check(Lines({"[WinQuib]", "Q1=see intro.wav now", "A1=b"}), u"cards/x.QBS"),
             (Found{"2 media-word", "2 missing-media"}));

@@ -128,6 +128,10 @@ TEST_F(SessionTest, Show) {
   EXPECT_EQ(Run({"show", "--from", "csv", "-"}), 0);
   EXPECT_EQ(out, "#  Front  Back\n1  a      b\n");
   EXPECT_EQ(Run({"show", "none.QBC"}), 2);
+  files.Put(u"empty.csv", "");
+  EXPECT_EQ(Run({"show", "empty.csv"}), 2);
+  EXPECT_EQ(error, "empty.csv: error: no cards in it\n");
+  EXPECT_EQ(out, "");
   EXPECT_EQ(Run({"show", "-"}), 2);
 }
 
