@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -52,6 +53,12 @@ class WindowTest : public testing::Test {
     (void)files.MakeFolder(u"/config");
     (void)files.MakeFolder(u"/cards");
     shared.Switches.DefaultFolder = u"/cards";
+  }
+
+  /// As the desktop tells the window that its border was dragged.
+  static void ResizeByUser(QWidget& window, const QSize& size) {
+    window.windowHandle()->resize(size);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }));
   }
 
   /// A control of `window` by its name; fails the test when there is none.

@@ -47,7 +47,7 @@ class KeptSizesTest : public WindowTest {
       if (again) {
         EXPECT_EQ(window->size(), size) << name;
       } else {
-        window->resize(size);
+        ResizeByUser(*window, size);
         ASSERT_EQ(window->size(), size) << name;
         window->hide();
       }

@@ -20,11 +20,6 @@ class KeptSizeTest : public WindowTest {
     WaitUntilActive(*window);
     return window;
   }
-  /// As the desktop tells the window that its border was dragged.
-  static void ResizeByUser(QWidget& window, const QSize& size) {
-    window.windowHandle()->resize(size);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return window.size() == size; }));
-  }
 };
 
 TEST_F(KeptSizeTest, AWindowOpensAtTheSizeItWasGiven) {

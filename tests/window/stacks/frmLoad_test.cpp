@@ -117,15 +117,16 @@ TEST_F(frmLoadTest, EnterInTheFolderListOpensTheFolderOnly) {
 TEST_F(frmLoadTest, ANameThatNamesNoFileReturnsTheFocusToTheBox) {
   for (const char* const name : {"", "*.QBC", "a?.QBC", ".x"}) {
     WithDialog(FileDialogMode::Load, [&](frmLoad& window) {
+      const int before = files.reads;  // those for the window's size
       TypeName(window, name);
       Click(window, "cmdOK");
       EXPECT_TRUE(window.isVisible());
       EXPECT_TRUE(Find<QWidget>(window, "txtActFile").hasFocus());
       Click(window, "cmdDesc");
       EXPECT_TRUE(Find<QWidget>(window, "txtActFile").hasFocus());
+      EXPECT_EQ(files.reads, before);
     });
   }
-  EXPECT_EQ(files.reads, 0);
 }
 
 TEST_F(frmLoadTest, ATypedFolderIsIgnored) {

@@ -109,7 +109,7 @@ TEST_F(CardTextTest, InTheSpellersFieldTheTopicsKeystrokeComesFirst) {
 TEST_F(CardTextTest, EachModeOpensAtTheSizeItsWindowHadLast) {
   frmStepper& window = Open(4, {});
   const QSize size = window.size() - QSize(20, 12);
-  window.resize(size);
+  ResizeByUser(window, size);
   window.Unload();
   EXPECT_EQ(Open(4, {}).size(), size);
   EXPECT_NE(Open(4, {}, StudyMode::Chooser).size(), size);
