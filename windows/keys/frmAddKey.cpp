@@ -379,8 +379,9 @@ void frmAddKey::SetListFont() {
 }
 
 std::optional<CharCode> frmAddKey::ChosenCharacter() const {
-  if (lstAddKey->selectedItems().isEmpty()) return std::nullopt;
-  return m_characters.at(static_cast<std::size_t>(lstAddKey->currentRow()));
+  const QList<QListWidgetItem*> chosen = lstAddKey->selectedItems();
+  if (chosen.isEmpty()) return std::nullopt;
+  return m_characters.at(static_cast<std::size_t>(lstAddKey->row(chosen.front())));
 }
 
 TickedSides frmAddKey::Sides() const {
