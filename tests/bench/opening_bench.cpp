@@ -106,7 +106,7 @@ void OpenHelp(benchmark::State& state) {
   World world;
   const Text program = ToText(QCoreApplication::applicationDirPath());
   for (auto _ : state) {
-    DesktopHelp help(world.prompts, world.state, HelpFilePlaces(program + u"/../../shell"));
+    DesktopHelp help(world.prompts, world.state, HelpFilePlaces(program + u"/../../bin"));
     help.Show(HelpContext::MainMenu);
     if (help.Viewer() == nullptr) std::abort();
     Paint(*help.Viewer());
